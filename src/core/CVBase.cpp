@@ -1,0 +1,3 @@
+#include "core/CVBase.h"
+
+IMPLEMENT_DYNAMIC(CVBase, CObject)

@@ -1,0 +1,3 @@
+#include "core/CVChild.h"
+
+IMPLEMENT_DYNAMIC(CVChild, CVNode)
