@@ -1,0 +1,194 @@
+#pragma once
+// The GDI subset, implemented on an in-memory raster. A memory DC holds one
+// selected bitmap (32-bit BGRA bottom-up, 16-bit 5-6-5, or 1-bit mask) and the
+// raster operations work on its pixels. A DC that has a GL context bound keeps
+// the DIB and GL's colour buffer in step (see WinGL.h).
+#include "platform/WinTypes.h"
+
+struct HDC__;
+struct HGDIOBJ__;
+typedef HDC__* HDC;
+typedef HGDIOBJ__* HGDIOBJ;
+typedef HGDIOBJ HBITMAP;
+typedef HGDIOBJ HBRUSH;
+typedef HGDIOBJ HPALETTE;
+typedef HGDIOBJ HFONT;
+typedef HGDIOBJ HPEN;
+typedef DWORD COLORREF;  // 0x00BBGGRR
+
+#define RGB(r, g, b) ((COLORREF)(((BYTE)(r)) | ((WORD)((BYTE)(g)) << 8) | (((DWORD)(BYTE)(b)) << 16)))
+#define GetRValue(c) ((BYTE)((c)&0xFF))
+#define GetGValue(c) ((BYTE)(((c) >> 8) & 0xFF))
+#define GetBValue(c) ((BYTE)(((c) >> 16) & 0xFF))
+#define CLR_INVALID 0xFFFFFFFF
+
+struct RECT {
+    LONG left, top, right, bottom;
+};
+struct POINT {
+    LONG x, y;
+};
+struct SIZE {
+    LONG cx, cy;
+};
+
+struct RGBQUAD {
+    BYTE rgbBlue, rgbGreen, rgbRed, rgbReserved;
+};
+
+#pragma pack(push, 2)
+struct BITMAPFILEHEADER {
+    WORD bfType;
+    DWORD bfSize;
+    WORD bfReserved1;
+    WORD bfReserved2;
+    DWORD bfOffBits;
+};
+#pragma pack(pop)
+
+struct BITMAPINFOHEADER {
+    DWORD biSize;  // 40
+    LONG biWidth;
+    LONG biHeight;  // positive: bottom-up
+    WORD biPlanes;
+    WORD biBitCount;
+    DWORD biCompression;
+    DWORD biSizeImage;
+    LONG biXPelsPerMeter;
+    LONG biYPelsPerMeter;
+    DWORD biClrUsed;
+    DWORD biClrImportant;
+};
+
+struct BITMAPINFO {
+    BITMAPINFOHEADER bmiHeader;
+    RGBQUAD bmiColors[1];  // colour table, or three DWORD masks for BI_BITFIELDS
+};
+
+struct BITMAP {
+    LONG bmType;
+    LONG bmWidth;
+    LONG bmHeight;
+    LONG bmWidthBytes;
+    WORD bmPlanes;
+    WORD bmBitsPixel;
+    void* bmBits;
+};
+
+struct DIBSECTION {
+    BITMAP dsBm;
+    BITMAPINFOHEADER dsBmih;
+    DWORD dsBitfields[3];
+    void* dshSection;
+    DWORD dsOffset;
+};
+
+struct PALETTEENTRY {
+    BYTE peRed, peGreen, peBlue, peFlags;
+};
+
+struct LOGPALETTE {
+    WORD palVersion;  // 0x300
+    WORD palNumEntries;
+    PALETTEENTRY palPalEntry[1];
+};
+
+struct LOGBRUSH {
+    UINT lbStyle;
+    COLORREF lbColor;
+    UINT_PTR lbHatch;
+};
+
+#define BI_RGB 0
+#define BI_BITFIELDS 3
+#define DIB_RGB_COLORS 0
+#define DIB_PAL_COLORS 1
+
+// Raster operations.
+#define SRCCOPY 0x00CC0020
+#define SRCPAINT 0x00EE0086
+#define SRCAND 0x008800C6
+#define SRCINVERT 0x00660046
+#define NOTSRCCOPY 0x00330008
+#define MERGECOPY 0x00C000CA
+#define PATCOPY 0x00F00021
+#define PATINVERT 0x005A0049
+#define BLACKNESS 0x00000042
+#define WHITENESS 0x00FF0062
+#define DSTINVERT 0x00550009
+
+// Stretch modes.
+#define BLACKONWHITE 1
+#define WHITEONBLACK 2
+#define COLORONCOLOR 3
+#define HALFTONE 4
+
+// Background modes.
+#define TRANSPARENT 1
+#define OPAQUE 2
+
+// GetDeviceCaps indexes.
+#define HORZRES 8
+#define VERTRES 10
+#define BITSPIXEL 12
+#define PLANES 14
+#define NUMCOLORS 24
+#define RASTERCAPS 38
+#define SIZEPALETTE 104
+#define RC_PALETTE 0x0100
+
+#define OBJ_BITMAP 7
+#define OBJ_BRUSH 2
+#define OBJ_PAL 5
+#define OBJ_FONT 6
+#define OBJ_PEN 1
+#define OBJ_DC 3
+#define OBJ_MEMDC 10
+
+#define HGDI_ERROR ((HGDIOBJ)(intptr_t)-1)
+
+// Device contexts.
+HDC CreateCompatibleDC(HDC hdc);  // null hdc: a memory DC with a 1x1 mono bitmap selected
+BOOL DeleteDC(HDC hdc);
+HGDIOBJ SelectObject(HDC hdc, HGDIOBJ obj);
+HGDIOBJ GetCurrentObject(HDC hdc, UINT type);
+int GetDeviceCaps(HDC hdc, int index);
+DWORD GetObjectType(HGDIOBJ obj);
+BOOL GdiFlush();
+
+// Bitmaps.
+HBITMAP CreateDIBSection(HDC hdc, const BITMAPINFO* info, UINT usage, void** bits, void* section, DWORD offset);
+HBITMAP CreateCompatibleBitmap(HDC hdc, int width, int height);
+HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitCount, const void* bits);
+int GetObjectW(HGDIOBJ obj, int size, void* out);
+BOOL DeleteObject(HGDIOBJ obj);
+UINT SetDIBColorTable(HDC hdc, UINT start, UINT count, const RGBQUAD* colors);
+UINT GetDIBColorTable(HDC hdc, UINT start, UINT count, RGBQUAD* colors);
+
+// Brushes and fills.
+HBRUSH CreateSolidBrush(COLORREF color);
+int FillRect(HDC hdc, const RECT* rect, HBRUSH brush);
+BOOL PatBlt(HDC hdc, int x, int y, int w, int h, DWORD rop);
+BOOL BitBlt(HDC dst, int x, int y, int w, int h, HDC src, int sx, int sy, DWORD rop);
+BOOL StretchBlt(HDC dst, int x, int y, int w, int h, HDC src, int sx, int sy, int sw, int sh, DWORD rop);
+int SetStretchBltMode(HDC hdc, int mode);
+int GetStretchBltMode(HDC hdc);
+COLORREF SetBkColor(HDC hdc, COLORREF color);
+COLORREF GetBkColor(HDC hdc);
+COLORREF SetTextColor(HDC hdc, COLORREF color);
+COLORREF GetTextColor(HDC hdc);
+int SetBkMode(HDC hdc, int mode);
+int GetBkMode(HDC hdc);
+COLORREF GetPixel(HDC hdc, int x, int y);
+COLORREF SetPixel(HDC hdc, int x, int y, COLORREF color);
+
+// Palettes.
+HPALETTE CreatePalette(const LOGPALETTE* palette);
+HPALETTE SelectPalette(HDC hdc, HPALETTE palette, BOOL forceBackground);
+UINT RealizePalette(HDC hdc);
+UINT GetPaletteEntries(HPALETTE palette, UINT start, UINT count, PALETTEENTRY* entries);
+
+// Rectangles.
+BOOL SetRect(RECT* rect, int left, int top, int right, int bottom);
+BOOL IsRectEmpty(const RECT* rect);
+BOOL IntersectRect(RECT* out, const RECT* a, const RECT* b);

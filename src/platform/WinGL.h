@@ -1,0 +1,76 @@
+#pragma once
+// The WGL subset. A memory DC with a 32- or 16-bit DIB section selected gets a
+// headless EGL context (pbuffer of the DIB's size, 8-8-8-8 or 5-6-5 colour,
+// 32-bit depth request); a window DC (made from an X11 Display and Window)
+// gets a GLX context. Contexts of one kind share display lists with each
+// other. Contexts without accumulation bits get a software accumulation
+// buffer through CVAccum.
+#include "platform/WinGDI.h"
+
+struct HGLRC__;
+typedef HGLRC__* HGLRC;
+
+struct PIXELFORMATDESCRIPTOR {
+    WORD nSize;
+    WORD nVersion;
+    DWORD dwFlags;
+    BYTE iPixelType;
+    BYTE cColorBits;
+    BYTE cRedBits;
+    BYTE cRedShift;
+    BYTE cGreenBits;
+    BYTE cGreenShift;
+    BYTE cBlueBits;
+    BYTE cBlueShift;
+    BYTE cAlphaBits;
+    BYTE cAlphaShift;
+    BYTE cAccumBits;
+    BYTE cAccumRedBits;
+    BYTE cAccumGreenBits;
+    BYTE cAccumBlueBits;
+    BYTE cAccumAlphaBits;
+    BYTE cDepthBits;
+    BYTE cStencilBits;
+    BYTE cAuxBuffers;
+    BYTE iLayerType;
+    BYTE bReserved;
+    DWORD dwLayerMask;
+    DWORD dwVisibleMask;
+    DWORD dwDamageMask;
+};
+static_assert(sizeof(PIXELFORMATDESCRIPTOR) == 40, "PIXELFORMATDESCRIPTOR is 40 bytes");
+
+#define PFD_DOUBLEBUFFER 0x00000001
+#define PFD_STEREO 0x00000002
+#define PFD_DRAW_TO_WINDOW 0x00000004
+#define PFD_DRAW_TO_BITMAP 0x00000008
+#define PFD_SUPPORT_GDI 0x00000010
+#define PFD_SUPPORT_OPENGL 0x00000020
+#define PFD_GENERIC_FORMAT 0x00000040
+#define PFD_NEED_PALETTE 0x00000080
+#define PFD_NEED_SYSTEM_PALETTE 0x00000100
+#define PFD_TYPE_RGBA 0
+#define PFD_TYPE_COLORINDEX 1
+#define PFD_MAIN_PLANE 0
+
+int ChoosePixelFormat(HDC hdc, const PIXELFORMATDESCRIPTOR* pfd);
+int DescribePixelFormat(HDC hdc, int format, UINT size, PIXELFORMATDESCRIPTOR* pfd);
+BOOL SetPixelFormat(HDC hdc, int format, const PIXELFORMATDESCRIPTOR* pfd);
+int GetPixelFormat(HDC hdc);
+HGLRC wglCreateContext(HDC hdc);
+BOOL wglMakeCurrent(HDC hdc, HGLRC context);
+BOOL wglDeleteContext(HGLRC context);
+BOOL wglShareLists(HGLRC first, HGLRC second);
+HGLRC wglGetCurrentContext();
+HDC wglGetCurrentDC();
+BOOL SwapBuffers(HDC hdc);
+
+// A window DC over an X11 window, for hosts with their own X11 or toolkit
+// window. The display and window stay the host's; ReleaseWindowDC frees the DC.
+struct _XDisplay;
+HDC CreateWindowDC(_XDisplay* display, unsigned long window);
+void ReleaseWindowDC(HDC hdc);
+
+// Error reporting as the system does it: the last error code of this thread.
+DWORD GetLastError();
+void SetLastError(DWORD code);
