@@ -15,5 +15,15 @@
 #include "core/CVChild.h"
 #include "core/CVLibrary.h"
 
+#include "math/CVStructs.h"
+#include "math/CVVector.h"
+#include "math/CVQuaternion.h"
+#include "math/CVRotation.h"
+#include "math/CVPlane.h"
+#include "math/CVRay.h"
+#include "math/CVMatrix.h"
+#include "math/CVBox3f.h"
+#include "math/CVViewport.h"
+
 #include "actions/CVState.h"
 #include "actions/CVAction.h"
