@@ -1,5 +1,5 @@
 #pragma once
-// Axis-aligned box (Part 2.2): size (full extent along x, y, z), center, and an
+// Axis-aligned box: size (full extent along x, y, z), center, and an
 // optional owned list of clip planes so that boxes of clipped content shrink to
 // the clipped region. A box is empty when any size component is below 0; after
 // construction and MakeEmpty the size is (-1,-1,-1) and the center (0,0,0).

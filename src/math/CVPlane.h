@@ -1,5 +1,5 @@
 #pragma once
-// Plane (Part 2.1): the set of p with normal.p + d = 0.
+// Plane: the set of p with normal.p + d = 0.
 #include "math/CVVector.h"
 
 class CVRay;
@@ -20,7 +20,7 @@ public:
 
     // denom = -(normal.direction); t = (normal.origin + d) / denom, with no
     // test for a zero denominator; returns direction + t*direction (the origin
-    // enters only through t). Kept exactly so (Part 2.1).
+    // enters only through t). Kept exactly so.
     CVVector Intersect(const CVRay& ray, float& denom, float& t) const;
 
 private:

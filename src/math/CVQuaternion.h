@@ -1,5 +1,5 @@
 #pragma once
-// Quaternion (Part 2.1): four floats x, y, z, w behind a virtual table.
+// Quaternion: four floats x, y, z, w behind a virtual table.
 // The default constructor gives (0, 0, 0, 0).
 #include "math/CVStructs.h"
 #include "math/CVVector.h"
@@ -80,7 +80,7 @@ public:
     static CVQuaternion AddIdentity() { return CVQuaternion(0.0f, 0.0f, 0.0f, 0.0f); }
 
     // Divides x, y and z by the length of (x, y, z); w is left as it is; a zero
-    // vector part is left unchanged. Intended (Part 2.1).
+    // vector part is left unchanged. Intended.
     void Normalize();
 
     // s = this + q; when the length L of (s.x, s.y, s.z) is 0 or below 1e-5

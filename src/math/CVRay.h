@@ -1,5 +1,5 @@
 #pragma once
-// Ray (Part 2.1): direction, then origin. Default construction leaves both
+// Ray: direction, then origin. Default construction leaves both
 // vectors uninitialised.
 #include "math/CVVector.h"
 

@@ -1,5 +1,5 @@
 #pragma once
-// Axis-angle rotation (Part 2.1): four floats in the order angle, axis x,
+// Axis-angle rotation: four floats in the order angle, axis x,
 // axis y, axis z. No virtual table. Default: angle 0 about (0,1,0).
 #include "math/CVStructs.h"
 #include "math/CVVector.h"
@@ -32,7 +32,7 @@ public:
     }
     bool operator!=(const CVRotation& r) const { return !(*this == r); }
 
-    // Declared but not composing (Part 2.1): operator+ returns the default
+    // Declared but not composing: operator+ returns the default
     // rotation (angle 0 about (0,1,0)) whatever the operands; operator+= does
     // nothing.
     CVRotation operator+(const CVRotation& r) const;

@@ -1,5 +1,5 @@
 #pragma once
-// Three-float vector (Part 2.1). A plain value: no virtual table, no base, and
+// Three-float vector. A plain value: no virtual table, no base, and
 // a default-constructed vector is left uninitialised.
 #include "math/CVStructs.h"
 
@@ -58,7 +58,7 @@ public:
     // This vector rotated by angle (radians) about the unit axis, with the
     // right-handed Rodrigues matrix.
     CVVector Rotate(const CVVector& axis, float angle) const;
-    // v - ((v.n) / sqrt(|n|)) n + d n (see Part 2.1; the divisor is the square
+    // v - ((v.n) / sqrt(|n|)) n + d n (the divisor is the square
     // root of the normal's length, so it is the orthogonal projection onto the
     // plane shifted by d along n only for a unit normal).
     CVVector Project(const CVPlane& plane) const;

@@ -1,5 +1,5 @@
 #pragma once
-// Integer viewport rectangle with its aspect ratio (Part 2.2).
+// Integer viewport rectangle with its aspect ratio.
 // Default: (0, 0, 1, 1) with aspect 1.
 
 class CVViewport {
