@@ -15,5 +15,12 @@
 #include "core/CVChild.h"
 #include "core/CVLibrary.h"
 
+#include "math/CVStructs.h"
+#include "math/CVVector.h"
+#include "math/CVQuaternion.h"
+#include "math/CVRotation.h"
+#include "math/CVPlane.h"
+#include "math/CVRay.h"
+
 #include "actions/CVState.h"
 #include "actions/CVAction.h"
