@@ -1,0 +1,19 @@
+#pragma once
+// One float (field type 273), 0 after construction.
+#include "core/CVSField.h"
+
+class CVSFFloat : public CVSField {
+    DECLARE_DYNAMIC(CVSFFloat)
+public:
+    CVSFFloat();
+    ~CVSFFloat() override = default;
+
+    int SetValue(float value);
+    // Text that holds no number leaves the value as it was.
+    int SetValue(const char* text);
+    float GetValue() const { return m_fValue; }
+    void Clone(const CVSFFloat& other);
+
+protected:
+    float m_fValue = 0.0f;
+};

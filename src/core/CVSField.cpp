@@ -1,0 +1,3 @@
+#include "core/CVSField.h"
+
+IMPLEMENT_DYNAMIC(CVSField, CVField)
