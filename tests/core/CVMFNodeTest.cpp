@@ -1,0 +1,160 @@
+// Reference counting of node arrays with real nodes.
+#include <gtest/gtest.h>
+
+#include "core/CVChild.h"
+#include "core/CVMFNode.h"
+
+namespace {
+
+// A child that counts its own deletions.
+class ProbeNode : public CVChild {
+public:
+    explicit ProbeNode(int* pDeaths) : m_pDeaths(pDeaths) {}
+    ~ProbeNode() override { ++*m_pDeaths; }
+
+private:
+    int* m_pDeaths;
+};
+
+class CVMFNodeTest : public ::testing::Test {
+protected:
+    int deaths = 0;
+    ProbeNode* Make() { return new ProbeNode(&deaths); }
+};
+
+TEST_F(CVMFNodeTest, AddRefsAndIgnoresNull) {
+    CVMFNode<CVChild*> list;
+    ProbeNode* a = Make();
+    EXPECT_EQ(list.Add(a), 1);
+    EXPECT_EQ(list.Add(nullptr), 1);
+    EXPECT_EQ(list.GetNum(), 1);
+    EXPECT_EQ(a->GetRef(), 1);
+    EXPECT_EQ(list.Find(a), 0);
+    ProbeNode* absent = Make();
+    EXPECT_EQ(list.Find(absent), -1);
+    EXPECT_EQ(list.Find(nullptr), -1);
+    delete absent;
+}
+
+TEST_F(CVMFNodeTest, SetAtOverItselfKeepsTheNodeAlive) {
+    CVMFNode<CVChild*> list;
+    ProbeNode* a = Make();
+    list.Add(a);
+    list.SetAt(0, a);
+    EXPECT_EQ(deaths, 0);
+    EXPECT_EQ(a->GetRef(), 1);
+    EXPECT_EQ(list[0], a);
+
+    ProbeNode* b = Make();
+    list.SetAt(0, b);  // the last reference on a goes
+    EXPECT_EQ(deaths, 1);
+    EXPECT_EQ(b->GetRef(), 1);
+}
+
+TEST_F(CVMFNodeTest, SetAtPastTheEndFillsWithNulls) {
+    CVMFNode<CVChild*> list;
+    ProbeNode* a = Make();
+    list.SetAt(5, a);
+    ASSERT_EQ(list.GetNum(), 6);
+    for (int i = 0; i < 5; ++i) EXPECT_EQ(list[i], nullptr);
+    EXPECT_EQ(list[5], a);
+    EXPECT_EQ(a->GetRef(), 1);
+    list.RemoveAt(0);  // an empty slot just goes
+    EXPECT_EQ(list.Find(a), 4);
+}  // the destructor steps over the null entries and frees a
+
+TEST_F(CVMFNodeTest, InsertAtAndRemoveAt) {
+    CVMFNode<CVChild*> list;
+    ProbeNode *a = Make(), *b = Make(), *c = Make();
+    list.Add(a);
+    list.Add(b);
+    list.InsertAt(1, c);
+    EXPECT_EQ(list[1], c);
+    EXPECT_EQ(list[2], b);
+    EXPECT_EQ(c->GetRef(), 1);
+    list.InsertAt(5, a);
+    EXPECT_EQ(list.GetNum(), 6);
+    EXPECT_EQ(list[3], nullptr);
+    EXPECT_EQ(list[5], a);
+    EXPECT_EQ(a->GetRef(), 2);
+
+    list.RemoveAt(1);  // c's only reference
+    EXPECT_EQ(deaths, 1);
+    EXPECT_EQ(list[1], b);
+    EXPECT_EQ(list.GetNum(), 5);
+}
+
+TEST_F(CVMFNodeTest, BadIndexThrowsAndChangesNothing) {
+    CVMFNode<CVChild*> list;
+    ProbeNode *a = Make(), *spare = Make();
+    list.Add(a);
+    try {
+        list.RemoveAt(1);
+        FAIL() << "RemoveAt past the end did not throw";
+    } catch (const CInvalidArgException& e) {
+        EXPECT_STREQ(e.what(), "CVMFNode::RemoveAt(): index 1 out of range");
+    }
+    EXPECT_THROW(list.RemoveAt(-1), CInvalidArgException);
+    EXPECT_THROW(list[1], CInvalidArgException);
+    EXPECT_THROW(list.SetAt(-1, spare), CInvalidArgException);
+    EXPECT_THROW(list.InsertAt(-1, spare), CInvalidArgException);
+    EXPECT_EQ(list.GetNum(), 1);
+    EXPECT_EQ(a->GetRef(), 1);
+    EXPECT_EQ(spare->GetRef(), 0);
+    EXPECT_EQ(deaths, 0);
+    delete spare;
+}
+
+TEST_F(CVMFNodeTest, CloneRefsTheNewAndLeaksTheOld) {
+    CVMFNode<CVNode*> source, target;
+    ProbeNode *a = Make(), *b = Make(), *old = Make();
+    source.Add(a);
+    source.Add(b);
+    target.Add(old);
+    target.Clone(source);
+    EXPECT_EQ(target.GetNum(), 2);
+    EXPECT_EQ(target[1], b);
+    EXPECT_EQ(a->GetRef(), 2);
+    EXPECT_EQ(old->GetRef(), 1);  // no longer held, never released
+    EXPECT_EQ(deaths, 0);
+    old->Unref();
+    EXPECT_EQ(deaths, 1);
+}
+
+TEST_F(CVMFNodeTest, RemoveAllAndDestructorReleaseEveryEntry) {
+    ProbeNode *shared = Make(), *once = Make();
+    shared->Ref();  // held by the test too
+    {
+        CVMFNode<CVChild*> list;
+        list.Add(shared);
+        list.Add(shared);
+        list.Add(once);
+        EXPECT_EQ(shared->GetRef(), 3);
+        list.RemoveAll();
+        EXPECT_EQ(list.GetNum(), 0);
+        EXPECT_EQ(shared->GetRef(), 1);
+        EXPECT_EQ(deaths, 1);
+        list.Add(shared);
+        list.Add(shared);
+    }
+    EXPECT_EQ(deaths, 1);
+    EXPECT_EQ(shared->GetRef(), 1);
+    shared->Unref();
+    EXPECT_EQ(deaths, 2);
+}
+
+TEST_F(CVMFNodeTest, SetSizeNeitherRefsNorReleases) {
+    CVMFNode<CVChild*> list;
+    ProbeNode *a = Make(), *b = Make();
+    list.Add(a);
+    list.Add(b);
+    list.SetSize(1, -1);
+    EXPECT_EQ(b->GetRef(), 1);
+    list.SetSize(3, -1);
+    EXPECT_EQ(list[2], nullptr);
+    EXPECT_EQ(a->GetRef(), 1);
+    b->Unref();
+    EXPECT_EQ(deaths, 1);
+}
+
+}  // namespace
