@@ -1,6 +1,7 @@
 #include "core/CVLibrary.h"
 
 #include "core/CVNode.h"
+#include "render/CVCacheManager.h"
 #include "platform/CException.h"
 
 namespace {
@@ -14,6 +15,7 @@ __attribute__((destructor)) void LibraryUnload() { CVLibrary::Detach(); }
 void CVLibrary::Attach() {
     if (g_bAttached) return;
     g_bAttached = true;
+    CVSetCacheManagerPtr(new CVCacheManager());
     CVNode::Init();
 }
 
@@ -25,6 +27,8 @@ void CVLibrary::Detach() {
     } catch (const CException&) {
         // A host that popped every name space already closed them.
     }
+    delete CVGetCacheManagerPtr();
+    CVSetCacheManagerPtr(nullptr);
 }
 
 bool CVLibrary::IsAttached() { return g_bAttached; }

@@ -1,0 +1,16 @@
+#pragma once
+// A light at infinity shining along direction, placed in the current
+// model-view space. Takes the first free GL light (silently skipped when none
+// is free) and becomes the render area's light for drop shadows.
+#include "core/CVSFVec3f.h"
+#include "nodes/CVLight.h"
+
+class CVDirectionalLight : public CVLight {
+    DECLARE_DYNAMIC(CVDirectionalLight)
+public:
+    CVDirectionalLight();
+
+    void Render(CVState* state, CVGLRenderArea* area) override;
+
+    CVSFVec3f direction;  // 0 0 -1
+};

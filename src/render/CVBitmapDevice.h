@@ -1,0 +1,10 @@
+#pragma once
+// Device over a memory DC with a 32- or 16-bit DIB section selected.
+#include "render/CVGLDevice.h"
+
+class CVBitmapDevice : public CVGLDevice {
+public:
+    explicit CVBitmapDevice(HDC hdc);
+
+    void GetPFD(PIXELFORMATDESCRIPTOR& pfd) override;
+};

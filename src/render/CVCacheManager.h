@@ -1,0 +1,93 @@
+#pragma once
+// The process-wide helper created at library load (CVGetCacheManagerPtr):
+// the material state cache, three ring caches of display lists for spheres,
+// cones and cylinders with fixed list ids (1000-1127, 2000-2127, 3000-3127,
+// reserved for them), the image-map colour coding, and a shared off-screen
+// render area whose display lists other areas may share.
+//
+// Ring caches replace strictly round-robin: the 129th new entry of a kind
+// reuses entry 0 and its list id. Lookup scans all entries and only accepts
+// an entry whose list exists in the current context (glIsList).
+#include "core/CVBase.h"
+#include "math/CVStructs.h"
+#include "platform/WinGDI.h"
+
+class CVGLRenderArea;
+class CVGeometry;
+class CVRenderToDIBAction;
+
+class CVCacheManager : public CVBase {
+    DECLARE_DYNAMIC(CVCacheManager)
+public:
+    static const int kRingSize = 128;
+
+    CVCacheManager();
+    ~CVCacheManager() override;
+    CVCacheManager(const CVCacheManager&) = delete;
+    CVCacheManager& operator=(const CVCacheManager&) = delete;
+
+    // Creates the shared off-screen render area once; later calls do nothing.
+    void CreateGLRenderAreaCache(HDC hdc);
+    CVGLRenderArea* GetGLRenderAreaCache() const { return m_pRenderAreaCache; }
+    // glDeleteLists, only once a render area cache exists.
+    void DeleteCachedDisplayLists(unsigned int first, unsigned int count);
+
+    unsigned int NewCachedSphere(int precision, float radius);
+    unsigned int GetCachedSphere(int precision, float radius);
+    unsigned int NewCachedCone(int precision, float radius, float height, int bottom, int side);
+    unsigned int GetCachedCone(int precision, float radius, float height, int bottom, int side);
+    unsigned int NewCachedCylinder(int precision, float a, float b, int f1, int f2, int f3);
+    unsigned int GetCachedCylinder(int precision, float a, float b, int f1, int f2, int f3);
+
+    // Material state cache: -1 means unknown.
+    void InitGLColor();
+    // Stores the colour and calls glColor3f every time (alpha ignored).
+    void SetGLColor(const RGBColorStruct* color);
+    void SetGLColor(const RGBAColorStruct* color);
+    // Sets the current colour to the code of data element index (see the
+    // image-map action); some flag combinations set no colour at all.
+    void SetImageMapColor(int colorBits, int index, CVGeometry* geometry);
+
+    RGBColorStruct m_CurrentColor;
+    RGBColorStruct m_EmissiveColor;
+    RGBColorStruct m_SpecularColor;
+    float m_fAmbientIntensity;
+    float m_fShininess;
+    float m_fTransparency;
+
+    static UINT m_nOEMCodePage;
+    static DWORD m_nOSMajorVersion;
+    static DWORD m_nOSMinorVersion;
+
+private:
+    struct SphereEntry {
+        unsigned int id;
+        int precision;
+        float radius;
+    };
+    struct ConeEntry {
+        unsigned int id;
+        int precision;
+        float radius, height;
+        int bottom, side;
+    };
+    struct CylinderEntry {
+        unsigned int id;
+        int precision;
+        float a, b;
+        int f1, f2, f3;
+    };
+
+    CVGLRenderArea* m_pRenderAreaCache = nullptr;
+    CVRenderToDIBAction* m_pCacheAction = nullptr;
+    SphereEntry m_Spheres[kRingSize];
+    int m_nNextSphere = 0;
+    ConeEntry m_Cones[kRingSize];
+    int m_nNextCone = 0;
+    CylinderEntry m_Cylinders[kRingSize];
+    int m_nNextCylinder = 0;
+};
+
+// The manager the library created at load; null outside load and unload.
+CVCacheManager* CVGetCacheManagerPtr();
+void CVSetCacheManagerPtr(CVCacheManager* manager);

@@ -1,0 +1,3 @@
+#include "render/CVCacheUser.h"
+
+IMPLEMENT_DYNAMIC(CVCacheUser, CVBase)
