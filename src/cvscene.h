@@ -43,6 +43,9 @@
 #include "math/CVRotation.h"
 #include "math/CVPlane.h"
 #include "math/CVRay.h"
+#include "math/CVMatrix.h"
+#include "math/CVBox3f.h"
+#include "math/CVViewport.h"
 
 #include "actions/CVState.h"
 #include "actions/CVAction.h"
