@@ -31,12 +31,17 @@ CVNodeRegistry& CVNode::NodeList() {
 CVNode::CVNode() : m_nID(nextID++) { NodeList().Add(this, m_nID); }
 
 CVNode::~CVNode() {
-    if (m_pName) {
-        RemoveName();
-        delete m_pName;
-        m_pName = nullptr;
-    }
-    NodeList().Remove(this, m_nID);
+    // Runs even when RemoveName throws, so neither the name nor a dangling
+    // registry entry survives the node.
+    struct Release {
+        CVNode* node;
+        ~Release() {
+            delete node->m_pName;
+            node->m_pName = nullptr;
+            NodeList().Remove(node, node->m_nID);
+        }
+    } release{this};
+    if (m_pName) RemoveName();
 }
 
 void CVNode::Traverse(CVAction* action, const CArray<CVNode*, CVNode*>*, int) {
