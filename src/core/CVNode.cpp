@@ -31,17 +31,13 @@ CVNodeRegistry& CVNode::NodeList() {
 CVNode::CVNode() : m_nID(nextID++) { NodeList().Add(this, m_nID); }
 
 CVNode::~CVNode() {
-    // Runs even when RemoveName throws, so neither the name nor a dangling
-    // registry entry survives the node.
-    struct Release {
-        CVNode* node;
-        ~Release() {
-            delete node->m_pName;
-            node->m_pName = nullptr;
-            NodeList().Remove(node, node->m_nID);
-        }
-    } release{this};
-    if (m_pName) RemoveName();
+    // Destructors must not throw (every host class embedding a node would
+    // inherit a throwing destructor), so with no name space open there is
+    // simply no entry to remove.
+    if (m_pName && depth >= 0 && depth < NameStack().GetSize()) RemoveName();
+    delete m_pName;
+    m_pName = nullptr;
+    NodeList().Remove(this, m_nID);
 }
 
 void CVNode::Traverse(CVAction* action, const CArray<CVNode*, CVNode*>*, int) {
