@@ -164,6 +164,9 @@ TEST(CVEGLContextGLTest, ContextsShareListsWithinEglOnly) {
     EXPECT_TRUE(glIsList(list));
     glCallList(list);
     EXPECT_EQ(b.GLAt(3, 3), RGB(255, 0, 0));
+    glDeleteLists(list, 1);
+    ASSERT_TRUE(a.MakeCurrent());
+    EXPECT_FALSE(glIsList(list));
     // A context that does not exist shares with nothing.
     EXPECT_FALSE(wglShareLists(a.context, reinterpret_cast<HGLRC>(uintptr_t(0x7FFFFF00))));
     wglMakeCurrent(nullptr, nullptr);
@@ -242,6 +245,7 @@ TEST(CVEGLContextGLTest, RepeatedContextsLeaveNothingBehind) {
     // CVSCENE_LEAK_SIZE=1920x1080 for the full-size run under a leak checker.
     int w = 512, h = 512;
     if (const char* s = std::getenv("CVSCENE_LEAK_SIZE")) std::sscanf(s, "%dx%d", &w, &h);
+    DeleteDC(CreateCompatibleDC(nullptr));  // the stock objects exist from here on
     const size_t handles = CVGdiHandleTable::GetCount();
     long before = 0;
     for (int i = 0; i < 100; ++i) {
