@@ -49,3 +49,9 @@
 
 #include "actions/CVState.h"
 #include "actions/CVAction.h"
+
+#include "platform/WinGDI.h"
+#include "platform/WinGL.h"
+#include "platform/CDC.h"
+#include "platform/CPalette.h"
+#include "platform/CVAccumBuffer.h"
