@@ -49,3 +49,14 @@
 
 #include "actions/CVState.h"
 #include "actions/CVAction.h"
+#include "actions/CVGLAction.h"
+#include "actions/CVGroup.h"
+#include "actions/CVTransform.h"
+#include "actions/CVBillboard.h"
+#include "actions/CVSwitch.h"
+#include "actions/CVShape.h"
+#include "actions/CVGetBoundingBoxAction.h"
+#include "actions/CVGetTransformAction.h"
+#include "actions/CVSearchAction.h"
+
+#include "nodes/CVAppearance.h"
