@@ -31,11 +31,12 @@ CVNodeRegistry& CVNode::NodeList() {
 CVNode::CVNode() : m_nID(nextID++) { NodeList().Add(this, m_nID); }
 
 CVNode::~CVNode() {
-    if (m_pName) {
-        RemoveName();
-        delete m_pName;
-        m_pName = nullptr;
-    }
+    // Destructors must not throw (every host class embedding a node would
+    // inherit a throwing destructor), so with no name space open there is
+    // simply no entry to remove.
+    if (m_pName && depth >= 0 && depth < NameStack().GetSize()) RemoveName();
+    delete m_pName;
+    m_pName = nullptr;
     NodeList().Remove(this, m_nID);
 }
 

@@ -27,7 +27,7 @@ class CVNode : public CVRefCount {
     DECLARE_DYNAMIC(CVNode)
 public:
     CVNode();
-    // Throws CInvalidArgException for a named node while no name space is open.
+    // Removes the name from the current space (if one is open) and the node from the registry.
     ~CVNode() override;
 
     // Default walk: PreActOn then PostActOn on the action.

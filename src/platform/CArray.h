@@ -1,6 +1,7 @@
 #pragma once
-// Growable array with the framework's member names. Storage grows in steps of
-// the grow-by count (-1 chooses a step from the current size). Every index
+// Growable array with the framework's member names. Storage grows by at least
+// the grow-by count (-1 chooses a step from the current size) and at least
+// geometrically. Every index
 // outside the array throws CInvalidArgException, except where growing is the
 // point (SetAtGrow, InsertAt past the end).
 #include <algorithm>
@@ -108,7 +109,8 @@ private:
         if ((size_t)needed <= m_data.capacity()) return;
         INT_PTR step = m_nGrowBy;
         if (step <= 0) step = std::clamp<INT_PTR>(GetSize() / 8, 4, 1024);
-        INT_PTR target = std::max(needed, GetSize() + step);
+        // At least geometric growth: a fixed step alone makes n appends cost O(n^2).
+        INT_PTR target = std::max({needed, GetSize() + step, (INT_PTR)(m_data.capacity() + m_data.capacity() / 2)});
         Guard([&] { m_data.reserve((size_t)target); });
     }
 

@@ -22,8 +22,7 @@ struct CRuntimeClass {
 class CObject {
 public:
     virtual CRuntimeClass* GetRuntimeClass() const;
-    // May throw: a named node destroyed with no name space open reports it.
-    virtual ~CObject() noexcept(false) = default;
+    virtual ~CObject() = default;
     virtual void Serialize(CArchive& ar);
     virtual void AssertValid() const;
     virtual void Dump(CDumpContext& dc) const;
