@@ -30,6 +30,7 @@ struct ParseCase {
     const wchar_t* key;
     std::vector<std::wstring> values;
 };
+void PrintTo(const ParseCase& c, std::ostream* os) { *os << c.name; }
 
 const ParseCase kParseCases[] = {
     {"StringsDefaultAndEscapes",
