@@ -135,7 +135,10 @@ struct LOGBRUSH {
 #define NUMCOLORS 24
 #define RASTERCAPS 38
 #define SIZEPALETTE 104
+#define RC_BITBLT 0x0001
+#define RC_DI_BITMAP 0x0080
 #define RC_PALETTE 0x0100
+#define RC_STRETCHBLT 0x0800
 
 #define OBJ_BITMAP 7
 #define OBJ_BRUSH 2
@@ -144,6 +147,8 @@ struct LOGBRUSH {
 #define OBJ_PEN 1
 #define OBJ_DC 3
 #define OBJ_MEMDC 10
+
+#define BS_SOLID 0
 
 #define HGDI_ERROR ((HGDIOBJ)(intptr_t)-1)
 

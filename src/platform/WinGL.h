@@ -52,6 +52,8 @@ static_assert(sizeof(PIXELFORMATDESCRIPTOR) == 40, "PIXELFORMATDESCRIPTOR is 40 
 #define PFD_TYPE_RGBA 0
 #define PFD_TYPE_COLORINDEX 1
 #define PFD_MAIN_PLANE 0
+#define PFD_DEPTH_DONTCARE 0x20000000
+#define PFD_DOUBLEBUFFER_DONTCARE 0x40000000
 
 int ChoosePixelFormat(HDC hdc, const PIXELFORMATDESCRIPTOR* pfd);
 int DescribePixelFormat(HDC hdc, int format, UINT size, PIXELFORMATDESCRIPTOR* pfd);
@@ -72,5 +74,16 @@ HDC CreateWindowDC(_XDisplay* display, unsigned long window);
 void ReleaseWindowDC(HDC hdc);
 
 // Error reporting as the system does it: the last error code of this thread.
+// Failing GDI and WGL calls set one of the codes below.
 DWORD GetLastError();
 void SetLastError(DWORD code);
+
+#define ERROR_SUCCESS 0
+#define ERROR_INVALID_HANDLE 6
+#define ERROR_NOT_ENOUGH_MEMORY 8
+#define ERROR_NOT_SUPPORTED 50
+#define ERROR_INVALID_PARAMETER 87
+#define ERROR_BUSY 170
+#define ERROR_NO_SYSTEM_RESOURCES 1450
+#define ERROR_INVALID_PIXEL_FORMAT 2000
+#define ERROR_INVALID_OPERATION 4317
