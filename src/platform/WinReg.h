@@ -50,13 +50,14 @@ typedef FILETIME* PFILETIME;
 #define REG_MULTI_SZ 7
 #define REG_QWORD 11
 
-#define ERROR_SUCCESS 0L
-#define ERROR_FILE_NOT_FOUND 2L
-#define ERROR_ACCESS_DENIED 5L
-#define ERROR_INVALID_HANDLE 6L
-#define ERROR_INVALID_PARAMETER 87L
-#define ERROR_MORE_DATA 234L
-#define ERROR_NO_MORE_ITEMS 259L
+// Spelt exactly as in WinGL.h, which defines some of them too.
+#define ERROR_SUCCESS 0
+#define ERROR_FILE_NOT_FOUND 2
+#define ERROR_ACCESS_DENIED 5
+#define ERROR_INVALID_HANDLE 6
+#define ERROR_INVALID_PARAMETER 87
+#define ERROR_MORE_DATA 234
+#define ERROR_NO_MORE_ITEMS 259
 
 // Opens subKey (null or empty: key itself) under key, a root or an open
 // handle. Fails with ERROR_FILE_NOT_FOUND for a missing key and
