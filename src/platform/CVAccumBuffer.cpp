@@ -1,6 +1,7 @@
 #include "platform/CVAccumBuffer.h"
 
 #include "platform/CVGLContext.h"
+#include "platform/CVMesaQuirks.h"
 #include "platform/CVPixelTransfer.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ void CVAccum(GLenum op, GLfloat value) {
     if (!ctx) return;
     GLint bits = 0;
     glGetIntegerv(GL_ACCUM_RED_BITS, &bits);
-    if (bits > 0) {
+    if (bits > 0 && !CVMesaQuirks::NativeAccumIsSRGB()) {
         glAccum(op, value);
         return;
     }

@@ -1,7 +1,8 @@
 #pragma once
 // The accumulation buffer for contexts that have none (EGL configs never do).
 // CVAccum is what the render action calls in place of glAccum: when the
-// current context reports accumulation bits it is glAccum itself; otherwise
+// current context reports accumulation bits it is glAccum itself (unless the
+// driver's glAccum is known to be wrong, see CVMesaQuirks); otherwise
 // the current context's CVAccumBuffer carries out the operation with GL's
 // arithmetic on RGBA floats held on the CPU:
 //   GL_LOAD   acc = value * colour       GL_ACCUM  acc += value * colour
