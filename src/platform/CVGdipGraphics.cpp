@@ -75,8 +75,9 @@ GpStatus CVGdipGraphics::Paint(const PathBuilder& path, ARGB color, REAL width, 
     }
     const int rw = rc.right - rc.left, rh = rc.bottom - rc.top;
 
-    // GL's latest frame first; a no-op while the bitmap already holds it.
-    dc->FlushGL();
+    // GL's pixels of the rectangle first, as for any GDI call on the DC: the
+    // whole rectangle goes back to GL afterwards.
+    dc->PrepareRead(rc);
 
     // 32-bit BI_RGB bitmaps are drawn in place; others through an RGB copy
     // of the rectangle, converted back where a pixel changed.
@@ -86,7 +87,12 @@ GpStatus CVGdipGraphics::Paint(const PathBuilder& path, ARGB color, REAL width, 
     std::vector<uint32_t> natives(rw);
     cairo_surface_t* target;
     if (direct) {
-        target = cairo_image_surface_create_for_data(bmp->GetBits(), CAIRO_FORMAT_RGB24, w, h, bmp->GetStride());
+        // Bottom-up rows are addressed from the top with a negative stride, so
+        // both row orders rasterise alike (a flipping transform would turn
+        // Cairo's tie rule on pixel centres upside down).
+        BYTE* top = bmp->GetRow(0);
+        int stride = bmp->IsTopDown() ? bmp->GetStride() : -bmp->GetStride();
+        target = cairo_image_surface_create_for_data(top, CAIRO_FORMAT_RGB24, w, h, stride);
     } else {
         try {
             before.resize((size_t)rw * rh);
@@ -102,10 +108,6 @@ GpStatus CVGdipGraphics::Paint(const PathBuilder& path, ARGB color, REAL width, 
                                                      CAIRO_FORMAT_RGB24, rw, rh, rw * 4);
     }
     cairo_t* cr = cairo_create(target);
-    if (direct && !bmp->IsTopDown()) {
-        cairo_translate(cr, 0, h);
-        cairo_scale(cr, 1, -1);
-    }
     if (!direct) cairo_translate(cr, -rc.left, -rc.top);
     // What is sent back to GL afterwards is rc, so nothing outside it may change.
     cairo_rectangle(cr, rc.left, rc.top, rw, rh);

@@ -8,9 +8,10 @@
 // the bitmap selected into a memory DC, in the DC's top-down coordinates,
 // with GDI+'s pixel model: pixel (x, y) is centred on the integer point, so a
 // 1-wide line at y = 5 covers row 5 and an outlined w x h rectangle spans
-// w + 1 pixels. On a DC with a GL context every call first brings GL's frame
-// into the bitmap (once until GL may draw again) and afterwards sends the
-// rectangle it changed back to GL, so the two stay in step. 32-bit BI_RGB
+// w + 1 pixels. On a DC with a GL context every call works like a GDI call:
+// it first brings GL's pixels of the rectangle it may touch into the bitmap
+// and afterwards sends that rectangle back to GL, so the two stay in step
+// (cost: one small read and one small write per call). 32-bit BI_RGB
 // bitmaps are drawn in place; other bitmap formats through a converted copy
 // of the touched rectangle. A window DC, a deleted DC or a DC without a
 // bitmap gives Win32Error for each drawing call.
