@@ -8,6 +8,10 @@
 #include "platform/CStringArray.h"
 #include "platform/CList.h"
 #include "platform/CMapStringToOb.h"
+#include "platform/IUnknown.h"
+#include "platform/WinReg.h"
+#include "platform/WinBase.h"
+#include "platform/UrlMon.h"
 
 #include "core/CVBase.h"
 #include "core/CVRefCount.h"
@@ -66,3 +70,5 @@
 #include "actions/CVSearchAction.h"
 
 #include "nodes/CVAppearance.h"
+#include "image/CVSearchPaths.h"
+#include "image/CVImageFile.h"
