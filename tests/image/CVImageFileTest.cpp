@@ -83,7 +83,8 @@ std::string BuildBMP(int w, int h, int bpp, uint32_t compression, const std::str
     put(info, bpp, 2);
     put(info, compression, 4);
     put(info, (uint32_t)rows.size(), 4);
-    put(info, 0, 8);
+    put(info, 0, 4);
+    put(info, 0, 4);
     put(info, bpp <= 8 ? (uint32_t)extra.size() / 4 : 0, 4);  // palette entries
     info.resize(40, '\0');
     info += headerMasks;
