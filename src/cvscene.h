@@ -8,6 +8,11 @@
 #include "platform/CStringArray.h"
 #include "platform/CList.h"
 #include "platform/CMapStringToOb.h"
+#include "platform/IUnknown.h"
+#include "platform/WinReg.h"
+#include "platform/WinBase.h"
+#include "platform/UrlMon.h"
+#include "platform/GdiPlusFlat.h"
 
 #include "core/CVBase.h"
 #include "core/CVRefCount.h"
@@ -55,3 +60,5 @@
 #include "platform/CDC.h"
 #include "platform/CPalette.h"
 #include "platform/CVAccumBuffer.h"
+#include "image/CVSearchPaths.h"
+#include "image/CVImageFile.h"
