@@ -12,6 +12,7 @@
 #include "platform/WinReg.h"
 #include "platform/WinBase.h"
 #include "platform/UrlMon.h"
+#include "platform/GdiPlusFlat.h"
 
 #include "core/CVBase.h"
 #include "core/CVRefCount.h"
