@@ -2,6 +2,8 @@
 // DIB's pixels after Apply, whose swap brings GL's pixels into the DIB.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include <GL/gl.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -236,6 +238,7 @@ struct ClearCase {
     int bitmap;
     uint32_t expected;
 };
+void PrintTo(const ClearCase& c, std::ostream* os) { *os << c.name; }
 class CVRenderActionClearGLTest : public Frame, public ::testing::WithParamInterface<ClearCase> {};
 
 TEST_P(CVRenderActionClearGLTest, ClearColourFillsTheArea) {
@@ -438,6 +441,7 @@ struct DirectionCase {
     bool horizontal;
     bool reversed;
 };
+void PrintTo(const DirectionCase& c, std::ostream* os) { *os << "type " << c.type; }
 
 class CVRenderActionGradientTypeGLTest : public Frame, public ::testing::WithParamInterface<DirectionCase> {};
 
@@ -502,6 +506,7 @@ struct FitCase {
     bool alpha;
     std::vector<Probe> probes;
 };
+void PrintTo(const FitCase& c, std::ostream* os) { *os << c.name; }
 
 class CVRenderActionImageGLTest : public ImageFrame, public ::testing::WithParamInterface<FitCase> {};
 
@@ -588,6 +593,7 @@ struct BadCase {
     int texturing;
     const char* nameOverride;  // the image name instead of the file's path
 };
+void PrintTo(const BadCase& c, std::ostream* os) { *os << c.name; }
 
 class CVRenderActionBadImageGLTest : public ImageFrame, public ::testing::WithParamInterface<BadCase> {};
 
