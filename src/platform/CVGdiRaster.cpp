@@ -136,6 +136,17 @@ void CVGdiRaster::Run(const Colors& colors) {
     // A plain copy between like bitmaps carries every bit, the 32-bit
     // reserved byte included; everything else writes colour bits only.
     const bool verbatim = m_rop == SRCCOPY && conv == kSame;
+    // Unscaled, unmirrored: source columns are consecutive.
+    bool straight = m_src != nullptr;
+    for (int i = 1; straight && i < width; ++i) straight = m_xmap[i] == m_xmap[i - 1] + 1;
+
+    std::vector<uint32_t> row(width);
+    if (!m_src && !readDest) {
+        // The pattern alone: one value for every pixel.
+        std::fill(row.begin(), row.end(), Apply(m_rop, pattern, 0, 0) & mask);
+        for (size_t j = 0; j < m_ymap.size(); ++j) m_dst.WriteRow(m_rcDest.left, m_rcDest.top + (int)j, width, row.data());
+        return;
+    }
 
     // Source rows are read before anything is written when source and
     // destination are one bitmap, so overlapping copies see the old pixels.
@@ -147,7 +158,7 @@ void CVGdiRaster::Run(const Colors& colors) {
         for (int j = 0; j < sh; ++j) m_src->ReadRow(sx0, m_rcSource.top + j, sw, &srcCache[(size_t)j * sw]);
     }
 
-    std::vector<uint32_t> srcRow(m_src ? sw : 0), row(width);
+    std::vector<uint32_t> srcRow(m_src ? sw : 0);
     uint32_t lastIn = 0, lastOut = 0;
     bool haveLast = false;
     for (size_t j = 0; j < m_ymap.size(); ++j) {
@@ -161,6 +172,11 @@ void CVGdiRaster::Run(const Colors& colors) {
                 m_src->ReadRow(sx0, m_ymap[j], sw, srcRow.data());
                 s = srcRow.data();
             }
+        }
+        if (verbatim && straight) {
+            std::copy(s + (m_xmap[0] - sx0), s + (m_xmap[0] - sx0) + width, row.begin());
+            m_dst.WriteRow(m_rcDest.left, dy, width, row.data());
+            continue;
         }
         for (int i = 0; i < width; ++i) {
             uint32_t sv = 0;

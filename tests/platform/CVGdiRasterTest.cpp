@@ -21,6 +21,7 @@ const RopCase kRops[] = {
     {"DPSnoo", 0x00FB0A09, 0xFB},  // no named constant: goes through the general truth-table path
 };
 
+void PrintTo(const RopCase& c, std::ostream* os) { *os << c.name; }
 class RopTest : public testing::TestWithParam<RopCase> {};
 
 TEST_P(RopTest, EachChannelGetsTheCodeByte) {
@@ -175,6 +176,7 @@ const ConvertCase kConversions[] = {
     {"ToGreyPaletteNearest", 32, 8, RGB(100, 101, 99), RGB(100, 100, 100)},
     {"ToMonoByBackground", 32, 1, RGB(255, 255, 255), RGB(255, 255, 255)},
 };
+void PrintTo(const ConvertCase& c, std::ostream* os) { *os << c.name; }
 class ConvertTest : public testing::TestWithParam<ConvertCase> {};
 
 TEST_P(ConvertTest, CopyMatchesTheDestinationEncoding) {
