@@ -1,15 +1,16 @@
 #include "platform/CVGdiRaster.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace {
 BYTE Code(DWORD rop) { return BYTE(rop >> 16); }
 
 // Source pixel under the centre of destination pixel i of n, over a source
 // span of m pixels, optionally mirrored.
-int MapCoord(int i, int n, int m, bool flip) {
-    int f = flip ? n - 1 - i : i;
-    return int(((2 * int64_t(f) + 1) * m) / (2 * int64_t(n)));
+int64_t MapCoord(int64_t i, int64_t n, int64_t m, bool flip) {
+    int64_t f = flip ? n - 1 - i : i;
+    return ((2 * f + 1) * m) / (2 * n);
 }
 
 // Destination indexes [first, last) whose mapped source lies in [lo, hi);
@@ -67,8 +68,10 @@ uint32_t CVGdiRaster::Apply(DWORD rop, uint32_t p, uint32_t s, uint32_t d) {
     return r;
 }
 
-int CVGdiRaster::Plan(int x, int y, int w, int h, int sx, int sy, int sw, int sh) {
+int CVGdiRaster::Plan(int x32, int y32, int w32, int h32, int sx32, int sy32, int sw32, int sh32) {
     m_bPlanned = 0;
+    // 64 bits, so that no extent or edge can overflow whatever the caller passes.
+    int64_t x = x32, y = y32, w = w32, h = h32, sx = sx32, sy = sy32, sw = sw32, sh = sh32;
     bool flipX = false, flipY = false;
     if (w < 0) { x += w; w = -w; flipX = !flipX; }
     if (h < 0) { y += h; h = -h; flipY = !flipY; }
@@ -79,13 +82,15 @@ int CVGdiRaster::Plan(int x, int y, int w, int h, int sx, int sy, int sw, int sh
 
     // Clip the destination first, so that the maps are only as long as the
     // part that can be drawn.
-    int x0 = std::max(x, 0), x1 = std::min<int64_t>(int64_t(x) + w, m_dst.GetWidth());
-    int y0 = std::max(y, 0), y1 = std::min<int64_t>(int64_t(y) + h, m_dst.GetHeight());
+    const int x0 = (int)std::max<int64_t>(x, 0), x1 = (int)std::min<int64_t>(x + w, m_dst.GetWidth());
+    const int y0 = (int)std::max<int64_t>(y, 0), y1 = (int)std::min<int64_t>(y + h, m_dst.GetHeight());
     if (x0 >= x1 || y0 >= y1) return 0;
     m_xmap.resize(x1 - x0);
     m_ymap.resize(y1 - y0);
-    for (int i = x0; i < x1; ++i) m_xmap[i - x0] = sx + MapCoord(i - x, w, sw, flipX);
-    for (int j = y0; j < y1; ++j) m_ymap[j - y0] = sy + MapCoord(j - y, h, sh, flipY);
+    // Source positions far outside any bitmap are clamped; they are dropped below anyway.
+    auto clampCoord = [](int64_t v) { return (int)std::clamp<int64_t>(v, INT32_MIN / 2, INT32_MAX / 2); };
+    for (int i = x0; i < x1; ++i) m_xmap[i - x0] = clampCoord(sx + MapCoord(i - x, w, sw, flipX));
+    for (int j = y0; j < y1; ++j) m_ymap[j - y0] = clampCoord(sy + MapCoord(j - y, h, sh, flipY));
 
     int cx0 = 0, cx1 = (int)m_xmap.size(), cy0 = 0, cy1 = (int)m_ymap.size();
     if (m_src) {

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 namespace {
 // With pattern 0xF0, source 0xCC and destination 0xAA in every channel, each
 // channel of the result is the raster operation's code byte: that is how the
@@ -105,6 +107,10 @@ TEST(CVGdiRasterTest, BlitsClipToBothBitmaps) {
     EXPECT_EQ(dst.At(3, 1), RGB(1, 1, 1));
     EXPECT_TRUE(BitBlt(dst.hdc, 100000, -100000, 5, 5, src.hdc, 0, 0, SRCCOPY));
     EXPECT_TRUE(PatBlt(dst.hdc, -0x7FFFFFFF, -5, 0x7FFFFFFF, 0x7FFFFFFF, BLACKNESS));
+    EXPECT_EQ(dst.At(0, 0), RGB(0, 0, 0));
+    // Extreme extents (run under the sanitizers) neither overflow nor crash.
+    EXPECT_TRUE(StretchBlt(dst.hdc, INT_MAX, INT_MIN, INT_MIN, INT_MAX, src.hdc, INT_MIN, 0, INT_MAX, INT_MIN,
+                           SRCCOPY));
 }
 
 TEST(CVGdiRasterTest, OverlappingCopyWithinOneBitmapSeesTheOldPixels) {
