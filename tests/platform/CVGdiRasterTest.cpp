@@ -107,7 +107,7 @@ TEST(CVGdiRasterTest, BlitsClipToBothBitmaps) {
     EXPECT_EQ(dst.At(3, 1), RGB(1, 1, 1));
     EXPECT_TRUE(BitBlt(dst.hdc, 100000, -100000, 5, 5, src.hdc, 0, 0, SRCCOPY));
     EXPECT_TRUE(PatBlt(dst.hdc, -0x7FFFFFFF, -5, 0x7FFFFFFF, 0x7FFFFFFF, BLACKNESS));
-    EXPECT_EQ(dst.At(0, 0), RGB(0, 0, 0));
+    EXPECT_EQ(dst.At(0, 0), RGB(1, 1, 1));  // the right edge, 0, is exclusive
     // Extreme extents (run under the sanitizers) neither overflow nor crash.
     EXPECT_TRUE(StretchBlt(dst.hdc, INT_MAX, INT_MIN, INT_MIN, INT_MAX, src.hdc, INT_MIN, 0, INT_MAX, INT_MIN,
                            SRCCOPY));
