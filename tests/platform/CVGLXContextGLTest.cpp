@@ -13,6 +13,8 @@
 #include <cstdlib>
 #include <thread>
 
+#include <unistd.h>
+
 namespace {
 // The X server resets when its last client leaves, and refuses connections
 // meanwhile; a test that starts right after another one closed may land there.
@@ -31,7 +33,13 @@ protected:
         ASSERT_TRUE(name && *name) << "DISPLAY is not set: window tests need an X server (run under xvfb-run)";
         display = OpenDisplay();
         ASSERT_NE(display, nullptr) << "cannot open X display " << name;
-        window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 64, 64, 0, 0, 0);
+        // Suites run in parallel on one server: windows may overlap, so their
+        // pixels are kept in backing store, and each process puts its window elsewhere.
+        XSetWindowAttributes attrs{};
+        attrs.backing_store = Always;
+        const int slot = (int)(getpid() % 300);
+        window = XCreateWindow(display, DefaultRootWindow(display), 64 * (slot % 20), 64 * (slot / 20), 64, 64, 0,
+                               CopyFromParent, InputOutput, CopyFromParent, CWBackingStore, &attrs);
         XSelectInput(display, window, StructureNotifyMask);
         XMapWindow(display, window);
         for (XEvent e;;) {
