@@ -15,16 +15,13 @@
 
 #include <unistd.h>
 
+#include "support/CVTestWindow.h"
+
 namespace {
 // The X server resets when its last client leaves, and refuses connections
 // meanwhile; a test that starts right after another one closed may land there.
-Display* OpenDisplay() {
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        if (Display* d = XOpenDisplay(nullptr)) return d;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return nullptr;
-}
+// Kept open for the whole process (see support/CVTestWindow.h).
+Display* OpenDisplay() { return CVTestWindow::SharedDisplay(); }
 
 class CVGLXContextGLTest : public testing::Test {
 protected:
@@ -55,7 +52,7 @@ protected:
         if (hdc) ReleaseWindowDC(hdc);
         if (display) {
             XDestroyWindow(display, window);
-            XCloseDisplay(display);
+            XSync(display, False);
         }
     }
     // A context in the format chosen for request.
