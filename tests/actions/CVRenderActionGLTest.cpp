@@ -25,6 +25,7 @@
 #include "platform/WinUser.h"
 #include "render/CVWindowDevice.h"
 #include "support/CVTestFiles.h"
+#include "support/CVTestWindow.h"
 
 namespace {
 
@@ -630,42 +631,20 @@ INSTANTIATE_TEST_SUITE_P(Inputs, CVRenderActionBadImageGLTest, ::testing::Values
 
 class CVRenderActionWindowGLTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_NE(std::getenv("DISPLAY"), nullptr) << "window tests need an X server (run under xvfb-run)";
-        display = XOpenDisplay(nullptr);
-        ASSERT_NE(display, nullptr) << "cannot open the X display";
-        window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 64, 48, 0, 0, 0xFFFFFF);
-        XSelectInput(display, window, StructureNotifyMask);
-        XMapWindow(display, window);
-        for (XEvent e;;) {  // pixels of an unmapped window are undefined
-            XNextEvent(display, &e);
-            if (e.type == MapNotify) break;
-        }
-        dc = CreateWindowDC(reinterpret_cast<_XDisplay*>(display), window);
-        ASSERT_NE(dc, nullptr);
-    }
-    void TearDown() override {
-        if (dc) ReleaseWindowDC(dc);
-        if (display) {
-            XDestroyWindow(display, window);
-            XCloseDisplay(display);
-        }
-        CVGLRenderArea::SetInflateWorld(1);
-    }
+    void SetUp() override { ASSERT_NE(win.GetDC(), nullptr); }
+    void TearDown() override { CVGLRenderArea::SetInflateWorld(1); }
     uint32_t Shown(int x, int y) {
-        XImage* image = XGetImage(display, window, 0, 0, 64, 48, AllPlanes, ZPixmap);
+        XImage* image = XGetImage(win.GetDisplay(), win.GetWindow(), 0, 0, 64, 48, AllPlanes, ZPixmap);
         if (!image) return 0xDEADBEEF;
         const uint32_t v = XGetPixel(image, x, y) & 0xFFFFFF;
         XDestroyImage(image);
         return v;
     }
-    Display* display = nullptr;
-    Window window = 0;
-    HDC dc = nullptr;
+    CVTestWindow win{64, 48};
 };
 
 TEST_F(CVRenderActionWindowGLTest, FrameIsClearedDrawnAndSwapped) {
-    CVWindowDevice device(dc, 1);
+    CVWindowDevice device(win.GetDC(), 1);
     CVGLRenderArea::SetInflateWorld(0);
     auto* area = new CVGLRenderArea(&device);
     area->Ref();
