@@ -2,6 +2,9 @@
 
 #include "actions/CVGroup.h"
 #include "actions/CVTransform.h"
+#include "nodes/CVCamera.h"
+
+#include <GL/gl.h>
 
 IMPLEMENT_DYNAMIC(CVGetBoundingBoxAction, CVGLAction)
 
@@ -64,6 +67,27 @@ int CVGetBoundingBoxAction::Apply(const CArray<CVNode*, CVNode*>& path) {
             m_ResultBox.Transform(static_cast<CVTransform*>(node)->GetMatrix());
     }
     return 1;
+}
+
+int CVGetBoundingBoxAction::Apply(CVNode* node, CVCamera* camera) {
+    if (!node) return 0;
+    if (!camera) return Apply(node);
+    CVGLAction::PushProjection();
+    glLoadIdentity();
+    CVGLAction::PushModelView();
+    glLoadIdentity();
+    int result = 0;
+    try {
+        camera->Render(m_pState, m_pRenderArea);
+        result = Walk(node);
+    } catch (...) {
+        CVGLAction::PopModelView();
+        CVGLAction::PopProjection();
+        throw;
+    }
+    CVGLAction::PopModelView();
+    CVGLAction::PopProjection();
+    return result;
 }
 
 void CVGetBoundingBoxAction::PreActOn(CVNode* node) {

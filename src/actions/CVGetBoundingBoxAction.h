@@ -16,6 +16,8 @@
 #include "platform/CArray.h"
 #include "platform/CList.h"
 
+class CVCamera;
+
 class CVGetBoundingBoxAction : public CVGLAction {
     DECLARE_DYNAMIC(CVGetBoundingBoxAction)
 public:
@@ -36,6 +38,13 @@ public:
     // visited and only the last node's subtree is written back. Resets first.
     // Returns 0 for an empty path or a null last node, else 1.
     int Apply(const CArray<CVNode*, CVNode*>& path);
+    // As Apply(node), walked under camera's projection and view (loaded on
+    // identity matrices, restored afterwards), so that nodes sizing
+    // themselves from the current GL matrices measure as they are drawn
+    // under that camera. The box stays in node's coordinates. Like a render,
+    // it stores the camera's projection in the render area. A null camera is
+    // Apply(node).
+    int Apply(CVNode* node, CVCamera* camera);
 
     void PreActOn(CVNode* node) override;
     void PostActOn(CVNode* node) override;

@@ -3,6 +3,7 @@
 #include <GL/gl.h>
 
 #include "actions/CVGetBoundingBoxAction.h"
+#include "nodes/CVOrthographicCamera.h"
 #include "actions/CVGroup.h"
 #include "actions/CVShape.h"
 #include "actions/CVTransform.h"
@@ -165,6 +166,50 @@ TEST_F(CVGetBoundingBoxActionGLTest, PathApplyBoundsTheLastNodeThroughTheTransfo
 
     CArray<CVNode*, CVNode*> empty;
     EXPECT_EQ(action.Apply(empty), 0);
+}
+
+}  // namespace
+
+namespace {
+
+// Records the model-view z translation and projection x scale in force when
+// its box is asked for.
+class MatrixProbe : public CVChild {
+public:
+    void ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* box) override {
+        GLfloat mv[16], pr[16];
+        glGetFloatv(GL_MODELVIEW_MATRIX, mv);
+        glGetFloatv(GL_PROJECTION_MATRIX, pr);
+        eyeZ = mv[14];
+        projectionX = pr[0];
+        box->Union(Point3fStruct{0.0f, 0.0f, 0.0f});
+    }
+    float eyeZ = 0.0f;
+    float projectionX = 0.0f;
+};
+
+TEST_F(CVGetBoundingBoxActionGLTest, CameraApplyWalksUnderTheCamerasViewAndRestoresIt) {
+    CVOrthographicCamera camera;
+    camera.position.SetValue(0.0f, 0.0f, 7.0f);
+    camera.height.SetValue(4.0f);
+    MatrixProbe* probe = new MatrixProbe;
+    xf->children.Add(probe);
+    CVGLRenderArea::SetInflateWorld(0);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glTranslatef(0.0f, 0.0f, 3.0f);  // the caller's matrices must not leak in
+
+    CVGetBoundingBoxAction action(area);
+    ASSERT_EQ(action.Apply(root, &camera), 1);
+    EXPECT_FLOAT_EQ(probe->eyeZ, -7.0f);             // view only, then the transform's own 0 z
+    EXPECT_NEAR(probe->projectionX, 2.0f / 4.0f, 1e-6);  // ortho height 4, aspect 1
+    ExpectBox(action.GetBoundingBox(), {1, 0, 0}, {2, 2, 2});  // still in the root's coordinates
+    GLfloat mv[16];
+    glGetFloatv(GL_MODELVIEW_MATRIX, mv);
+    EXPECT_FLOAT_EQ(mv[14], 3.0f);
+    EXPECT_EQ(action.Apply(root, nullptr), 1);  // plain Apply
+    EXPECT_FLOAT_EQ(probe->eyeZ, 3.0f);
+    CVGLRenderArea::SetInflateWorld(1);
 }
 
 }  // namespace
