@@ -24,7 +24,10 @@ private:
 
 CVGetBoundingBoxAction::CVGetBoundingBoxAction(CVGLRenderArea* area) : CVGLAction(area), m_BoxStack(10) {}
 
-CVGetBoundingBoxAction::~CVGetBoundingBoxAction() { ClearBoxStack(); }
+CVGetBoundingBoxAction::~CVGetBoundingBoxAction() {
+    ClearBoxStack();
+    for (INT_PTR i = 0; i < m_FreeBoxes.GetSize(); ++i) delete m_FreeBoxes[i];
+}
 
 int CVGetBoundingBoxAction::Apply(CVNode* node) { return Walk(node); }
 
@@ -65,12 +68,12 @@ int CVGetBoundingBoxAction::Apply(const CArray<CVNode*, CVNode*>& path) {
 
 void CVGetBoundingBoxAction::PreActOn(CVNode* node) {
     if (!m_bFast && node->IsKindOf(RUNTIME_CLASS(CVGroup))) node->Render(m_pState, m_pRenderArea);
-    CVBox3f* box = new CVBox3f;
+    CVBox3f* box = TakeBox();
     try {
         node->ComputeBoundingBox(m_pState, m_pRenderArea, box);
         m_BoxStack.AddHead(box);
     } catch (...) {
-        delete box;
+        ReleaseBox(box);
         throw;
     }
 }
@@ -86,12 +89,25 @@ void CVGetBoundingBoxAction::PostActOn(CVNode* node) {
         group->bboxCenter.SetValue(box->GetCenter());
         group->bboxSize.SetValue(box->GetSize());
     }
-    if (node->IsKindOf(RUNTIME_CLASS(CVTransform)) && !box->IsEmpty())
+    if (isGroup && !box->IsEmpty() && node->IsKindOf(RUNTIME_CLASS(CVTransform)))
         box->Transform(static_cast<CVTransform*>(node)->GetMatrix());
     parent->Union(box);
     // Clip planes met inside a group end with it.
     if (isGroup && parent->HaveClipList()) parent->DeleteClipList();
-    delete box;
+    ReleaseBox(box);
+}
+
+CVBox3f* CVGetBoundingBoxAction::TakeBox() {
+    if (m_FreeBoxes.IsEmpty()) return new CVBox3f;
+    CVBox3f* box = m_FreeBoxes[m_FreeBoxes.GetSize() - 1];
+    m_FreeBoxes.RemoveAt(m_FreeBoxes.GetSize() - 1);
+    return box;
+}
+
+void CVGetBoundingBoxAction::ReleaseBox(CVBox3f* box) {
+    box->MakeEmpty();
+    box->DeleteClipList();
+    m_FreeBoxes.Add(box);
 }
 
 void CVGetBoundingBoxAction::PushState() {

@@ -13,6 +13,7 @@
 // matrices see the transforms above them; the walk needs a current context.
 #include "actions/CVGLAction.h"
 #include "math/CVBox3f.h"
+#include "platform/CArray.h"
 #include "platform/CList.h"
 
 class CVGetBoundingBoxAction : public CVGLAction {
@@ -54,11 +55,15 @@ protected:
 private:
     int Walk(CVNode* node);
     void ClearBoxStack();
+    // Node boxes are recycled: a walk allocates only as many as the tree is deep.
+    CVBox3f* TakeBox();
+    void ReleaseBox(CVBox3f* box);
 
     // Boxes of the nodes being walked, innermost at the head; the result box
     // sits at the bottom while a group is walked.
     CList<CVBox3f*, CVBox3f*> m_BoxStack;
     CVBox3f m_ResultBox;
+    CArray<CVBox3f*, CVBox3f*> m_FreeBoxes;
     int m_bSetNodeBBoxes = 1;
     int m_bFast = 0;
 };

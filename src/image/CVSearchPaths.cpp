@@ -55,6 +55,7 @@ CString ReadRegistryString(const CString& keyPath, const CString& valueName) {
     return result;
 }
 
+// A path too long for the buffer was not written, so it counts as not found.
 bool Found(DWORD length) { return length > 0 && length < kPathLength; }
 
 }  // namespace

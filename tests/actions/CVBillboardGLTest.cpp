@@ -3,6 +3,7 @@
 #include <GL/gl.h>
 
 #include <cmath>
+#include <ostream>
 #include <string>
 
 #include "actions/CVBillboard.h"
@@ -17,6 +18,8 @@ struct ViewCase {
     float axis[3];
     float angle;
 };
+
+void PrintTo(const ViewCase& c, std::ostream* os) { *os << c.name; }
 
 const ViewCase kViews[] = {
     {"AboutY", {0.0f, 1.0f, 0.0f}, 0.8f},

@@ -2,6 +2,7 @@
 
 #include <GL/gl.h>
 
+#include <ostream>
 #include <string>
 
 #include "actions/CVShape.h"
@@ -174,6 +175,8 @@ struct FilterCase {
     bool drawn;
 };
 
+void PrintTo(const FilterCase& c, std::ostream* os) { *os << c.name; }
+
 const FilterCase kFilterCases[] = {
     {"Off", 0, 1, Text, false, true},
     {"SkipTextSceneText", 1, 1, Text, false, false},
@@ -210,6 +213,8 @@ struct DeferCase {
     int pass;
     int deferredAs;  // deferral kind, or -1 when drawn at once
 };
+
+void PrintTo(const DeferCase& c, std::ostream* os) { *os << c.name; }
 
 const unsigned int AA = CVGeometry::kAntialiased, TR = CVGeometry::kTransparent,
                    DS = CVGeometry::kDropShadow, FS = CVGeometry::kForceSort;
@@ -296,6 +301,8 @@ struct NoShadowCase {
     int pass;
 };
 
+void PrintTo(const NoShadowCase& c, std::ostream* os) { *os << c.name; }
+
 const NoShadowCase kNoShadowCases[] = {
     {"ShadowsOff", Plain, GL_FILL, 0, 1},
     {"LineMode", Plain, GL_LINE, 1, 1},
@@ -325,6 +332,8 @@ struct OverlayCase {
     bool yExtrusion;
     float scale[3];
 };
+
+void PrintTo(const OverlayCase& c, std::ostream* os) { *os << c.name; }
 
 const OverlayCase kOverlayCases[] = {
     {"HalfSelected", 50, false, {0.5005f, 0.5005f, 1.0005f}},

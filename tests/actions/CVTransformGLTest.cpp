@@ -3,6 +3,7 @@
 #include <GL/gl.h>
 
 #include <functional>
+#include <ostream>
 #include <string>
 
 #include "actions/CVGroup.h"
@@ -64,6 +65,8 @@ struct NeutralCase {
     std::function<void(CVTransform&)> set;
     bool issuesCalls;
 };
+
+void PrintTo(const NeutralCase& c, std::ostream* os) { *os << c.name; }
 
 const NeutralCase kNeutralCases[] = {
     {"Defaults", [](CVTransform&) {}, false},

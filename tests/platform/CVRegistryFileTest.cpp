@@ -109,20 +109,4 @@ TEST(CVRegistryFileTest, ReadsUTF16WithBOMAndTypedValues) {
     }
 }
 
-TEST(CVRegistryFileTest, AbsentFileHasOnlyTheRoot) {
-    CVRegistryFile file("/nonexistent/cvscene/registry.reg");
-    EXPECT_EQ(file.GetKeyCount(), 1);
-    EXPECT_NE(file.FindKey(L""), nullptr);
-    EXPECT_EQ(file.FindKey(L"SOFTWARE"), nullptr);
-}
-
-TEST(CVRegistryFileTest, FileNameComesFromTheEnvironment) {
-    {
-        cvtest::ScopedEnv env("CVSCENE_REGISTRY", "/tmp/x.reg");
-        EXPECT_EQ(CVRegistryFile::DefaultFileName(), "/tmp/x.reg");
-    }
-    cvtest::ScopedEnv env("CVSCENE_REGISTRY", "");
-    EXPECT_EQ(CVRegistryFile::DefaultFileName(), "/etc/cvscene/registry.reg");
-}
-
 }  // namespace

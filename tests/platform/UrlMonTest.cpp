@@ -141,12 +141,4 @@ TEST_F(UrlMonTest, BufferLimitIsTheLargerOfLengthAndMaxPath) {
     EXPECT_GT(Path().size(), (size_t)MAX_PATH);
 }
 
-TEST_F(UrlMonTest, HomeCacheIsUsedWithoutXdgCacheHome) {
-    cvtest::ScopedEnv xdg("XDG_CACHE_HOME", nullptr);
-    cvtest::ScopedEnv home("HOME", m_cache.Path().c_str());
-    cvtest::WriteFile(m_cache / "src/p.png", kBody);
-    ASSERT_EQ(Download(FileUrl(m_cache / "src/p.png")), S_OK);
-    EXPECT_EQ(Path().rfind(m_cache / ".cache/cvscene/", 0), 0u);
-}
-
 }  // namespace
