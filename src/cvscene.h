@@ -81,3 +81,7 @@
 #include "nodes/CVOrthographicCamera.h"
 #include "image/CVSearchPaths.h"
 #include "image/CVImageFile.h"
+#include "image/CVDIBUtil.h"
+#include "image/CSimpleDIB.h"
+#include "image/CVRenderToDIBAction.h"
+#include "image/CVRenderImageMapAction.h"
