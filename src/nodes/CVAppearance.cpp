@@ -1,0 +1,3 @@
+#include "nodes/CVAppearance.h"
+
+IMPLEMENT_DYNAMIC(CVAppearance, CVNode)
