@@ -42,9 +42,7 @@ TEST_F(CVClipPlaneGLTest, ClipsPixelsOnTheNegativeSide) {
     plane->offset.SetValue(-0.5f);  // keeps x <= 0.5
     root->children.Add(plane);
     root->children.Add(cvtest::MakeQuadShape(new QuadGeometry));
-    Clear(0.0f, 0.0f, 0.0f);
-    cvtest::PassAction(area).Apply(root);
-    ToBitmap();
+    DrawFrame(root);
     root->Unref();
     EXPECT_EQ(Pixel(4, 32), 0xCCCCCCu);   // the shape's default grey
     EXPECT_EQ(Pixel(46, 32), 0xCCCCCCu);  // x = 0.47

@@ -20,8 +20,20 @@ CVAppearance* Colored(float r, float g, float b) {
     return appearance;
 }
 
+// Notes, when drawn in the scene pass, what the annotation list holds.
+class Probe : public CVChild {
+public:
+    void Render(CVState* state, CVGLRenderArea* area) override {
+        if (state->m_nRenderPass != 1) return;
+        annotationsInScene = area->GetAnnotationNodeListSize();
+        if (annotationsInScene > 0) firstAnnotation = area->GetAnnotationNodeInfo(0)->node;
+    }
+    INT_PTR annotationsInScene = -1;
+    CVNode* firstAnnotation = nullptr;
+};
+
 // root: a near red quad, then (under a transform) the depth-buffer group
-// holding a far blue quad.
+// holding a far blue quad, then a probe.
 class CVDepthBufferGLTest : public cvtest::NodeGLFixture {
 protected:
     CVDepthBufferGLTest() {
@@ -34,22 +46,17 @@ protected:
         root->children.Add(move);
         move->children.Add(group);
         group->children.Add(cvtest::MakeQuadShape(far, Colored(0.0f, 0.0f, 1.0f)));
+        root->children.Add(probe);
     }
     ~CVDepthBufferGLTest() override { root->Unref(); }
 
-    void Draw() {
-        Clear(0.0f, 0.0f, 0.0f);
-        cvtest::PassAction action(area);
-        action.Apply(root);
-        annotations = action.annotationsAfterScene;
-        ToBitmap();
-    }
+    void Draw() { DrawFrame(root); }
 
     CVGroup* root = new CVGroup;
     CVDepthBuffer* group = new CVDepthBuffer;
     QuadGeometry* near;
     QuadGeometry* far;
-    INT_PTR annotations = 0;
+    Probe* probe = new Probe;
 };
 
 TEST_F(CVDepthBufferGLTest, ChildrenAreDrawnWithoutDepthTestByDefault) {
@@ -58,7 +65,7 @@ TEST_F(CVDepthBufferGLTest, ChildrenAreDrawnWithoutDepthTestByDefault) {
     EXPECT_EQ(far->draws[0].pass, 1);
     EXPECT_FALSE(far->draws[0].depthTest);
     EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST));  // the group's state pop restores it
-    EXPECT_EQ(annotations, 0);
+    EXPECT_EQ(probe->annotationsInScene, 0);
     EXPECT_EQ(Pixel(32, 32), 0x0000FFu);  // drawn over the nearer quad
 }
 
@@ -74,7 +81,8 @@ TEST_F(CVDepthBufferGLTest, AnnotationIsDeferredFromTheSceneAndDrawnInPassThree)
     group->deferAsAnnotation.SetValue(1);
     group->depthTest.SetValue(1);
     Draw();
-    EXPECT_EQ(annotations, 1);
+    EXPECT_EQ(probe->annotationsInScene, 1);
+    EXPECT_EQ(probe->firstAnnotation, group);
     ASSERT_EQ(far->draws.size(), 1u);  // not in the scene pass
     EXPECT_EQ(far->draws[0].pass, 3);
     EXPECT_TRUE(far->draws[0].depthTest);

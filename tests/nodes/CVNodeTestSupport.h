@@ -1,15 +1,15 @@
 #pragma once
-// Pieces shared by the property-node suites: the headless 64 x 64 GL target,
-// a walk that draws in PreActOn through the scene and annotation passes as
-// the render action does, and a quad geometry that draws and records.
+// Pieces shared by the property-node suites: the headless 64 x 64 GL target
+// with a frame drawn by the render action, and a quad geometry that draws
+// and records.
 #include <gtest/gtest.h>
 
 #include <GL/gl.h>
 
 #include <vector>
 
-#include "actions/CVGLAction.h"
 #include "actions/CVGroup.h"
+#include "actions/CVRenderAction.h"
 #include "actions/CVShape.h"
 #include "actions/CVState.h"
 #include "geometry/CVGeometry.h"
@@ -21,42 +21,6 @@
 #include "support/CVTestBitmap.h"
 
 namespace cvtest {
-
-// Scene pass (1), then the annotation list in pass 3, each record walked
-// under its captured matrices; nodes draw themselves in PreActOn.
-class PassAction : public CVGLAction {
-public:
-    explicit PassAction(CVGLRenderArea* area) : CVGLAction(area) {}
-    int Apply(CVNode* root) override {
-        Reset();
-        PushModelView();
-        PushState();
-        m_pState->m_nRenderPass = 1;
-        root->Traverse(this, nullptr, 0);
-        annotationsAfterScene = m_pRenderArea->GetAnnotationNodeListSize();
-        if (annotationsAfterScene > 0) {
-            m_pState->m_nRenderPass = 3;
-            for (int i = 0; i < m_pRenderArea->GetAnnotationNodeListSize(); ++i) {
-                AnnotateNodeInfoStruct* info = m_pRenderArea->GetAnnotationNodeInfo(i);
-                glPushAttrib(GL_ENABLE_BIT | GL_POLYGON_BIT | GL_LINE_BIT | GL_POINT_BIT);
-                glMatrixMode(GL_PROJECTION);
-                glLoadMatrixd(info->projectionMatrix);
-                glMatrixMode(GL_MODELVIEW);
-                glLoadMatrixf(info->modelviewMatrix);
-                info->node->Traverse(this, nullptr, 0);
-                glPopAttrib();
-            }
-            m_pRenderArea->ResetAnnotationNodeList();
-        }
-        PopState();
-        PopModelView();
-        m_pState->m_nRenderPass = 0;
-        return 1;
-    }
-    void PreActOn(CVNode* node) override { node->Render(m_pState, m_pRenderArea); }
-
-    INT_PTR annotationsAfterScene = 0;
-};
 
 // What one draw of a QuadGeometry saw.
 struct QuadDraw {
@@ -137,15 +101,16 @@ protected:
         m->m_fAmbientIntensity = m->m_fShininess = m->m_fTransparency = -1.0f;
     }
 
-    // Clears to the given colour (exact in 8 bits) with depth 1.
-    static void Clear(float r, float g, float b) {
-        glClearColor(r, g, b, 1.0f);
-        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    // One frame on black, swapped into the bitmap. The headlight is on so
+    // that the deferred passes, which light everything, show pure colours
+    // as the unlit scene pass does.
+    void DrawFrame(CVNode* root) {
+        CVRenderAction action(area);
+        action.SetHeadlightOn(1);
+        action.Apply(root);
     }
-
-    // Brings the frame into the bitmap, then reads one pixel (y up) as 0xRRGGBB.
+    // A pixel of the last frame (y up) as 0xRRGGBB.
     uint32_t Pixel(int x, int y) const { return bitmap.Pixel(x, y); }
-    void ToBitmap() { area->SwapBuffers(); }
 
     CVTestBitmap bitmap;
     CVBitmapDevice device;
