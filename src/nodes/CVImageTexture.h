@@ -20,9 +20,10 @@
 // A missing or unreadable image binds an empty texture and sets the loaded
 // flag to 0, which makes the appearance fall back to the material.
 //
-// Hazards: the loader sets GL_UNPACK_ALIGNMENT to 1 and leaves it so. A
-// destroyed node's elements stay in the caches of areas it was drawn in until
-// the area goes (nodes make no GL calls when destroyed).
+// Hazards: the loader sets GL_UNPACK_ALIGNMENT to 1 and leaves it so. A name
+// change releases the old texture only in the area being drawn; other areas
+// the node was drawn in keep it, as they keep the elements of a destroyed
+// node, until the area goes (nodes make no GL calls when destroyed).
 #include "core/CVMFString.h"
 #include "nodes/CVTexture.h"
 #include "nodes/CVTextureCacheElement.h"

@@ -45,20 +45,6 @@ protected:
     MarkedTexture* texture = new MarkedTexture;
 };
 
-TEST_F(CVAppearanceGLTest, AppliesMaterialAndTexture) {
-    appearance->material.SetValue(material);
-    appearance->texture.SetValue(texture);
-    texture->repeatT.SetValue(0);
-    appearance->Render(nullptr, area);
-    ExpectCurrentColor(1.0f, 0.0f, 0.0f);
-    EXPECT_EQ(texture->renders, 1);
-    GLint wrap = 0;
-    glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, &wrap);
-    EXPECT_EQ(wrap, GL_CLAMP);
-    EXPECT_EQ(appearance->GetMaterial(), material);
-    EXPECT_EQ(appearance->GetTexture(), texture);
-}
-
 TEST_F(CVAppearanceGLTest, UnusableTextureTurnsTheMaterialToTheFallBackColourForGood) {
     appearance->material.SetValue(material);
     appearance->texture.SetValue(texture);

@@ -138,19 +138,4 @@ const SkipCase kSkipCases[] = {
 INSTANTIATE_TEST_SUITE_P(Changes, CVMaterialSkipGLTest, ::testing::ValuesIn(kSkipCases),
                          [](const ::testing::TestParamInfo<SkipCase>& info) { return std::string(info.param.name); });
 
-TEST_F(CVMaterialGLTest, TheSkipStateIsSharedByEveryRenderArea) {
-    first->Render(nullptr, area);
-    CVTestBitmap otherBitmap(16, 16);
-    CVBitmapDevice otherDevice(otherBitmap.GetDC());
-    CVGLRenderArea* other = new CVGLRenderArea(&otherDevice);
-    other->Ref();
-    glDisable(GL_COLOR_MATERIAL);
-    const GLfloat red[4] = {1.0f, 0.0f, 0.0f, 1.0f};
-    glMaterialfv(GL_FRONT_AND_BACK, GL_SPECULAR, red);
-    second->Render(nullptr, other);  // the fresh context is believed to hold the first's values
-    ExpectRgba(FrontMaterial(GL_SPECULAR), 1.0f, 0.0f, 0.0f, 1.0f);
-    other->Unref();
-    area->MakeCurrent();
-}
-
 }  // namespace

@@ -36,18 +36,6 @@ INSTANTIATE_TEST_SUITE_P(Table, CVTextureTest, ::testing::ValuesIn(kPowers),
                              return n < 0 ? "Minus" + std::to_string(-n) : "N" + std::to_string(n);
                          });
 
-TEST(CVTextureStateTest, TileModeAboveZeroMeansTiled) {
-    CVTexture* t = new CVTexture;
-    t->Ref();
-    EXPECT_FALSE(t->IsTiled());
-    t->SetTiled(2);
-    EXPECT_TRUE(t->IsTiled());
-    EXPECT_EQ(t->GetTileMode(), 2);
-    t->SetTiled(-1);
-    EXPECT_FALSE(t->IsTiled());
-    t->Unref();
-}
-
 using CVTextureGLTest = cvtest::NodeGLFixture;
 
 TEST_F(CVTextureGLTest, RepeatFlagsChooseTheWrapModes) {

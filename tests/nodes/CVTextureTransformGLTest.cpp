@@ -44,23 +44,4 @@ TEST_F(CVTextureTransformGLTest, ApplyTurnsAndScalesAboutTheCentreThenTranslates
     EXPECT_EQ(m.m[2][2], 0.0f);
 }
 
-TEST_F(CVTextureTransformGLTest, PushAndPopBracketTheTextureMatrix) {
-    const GLint depth = [] {
-        glMatrixMode(GL_TEXTURE);
-        const GLint d = GetInt(GL_TEXTURE_STACK_DEPTH);
-        glMatrixMode(GL_MODELVIEW);
-        return d;
-    }();
-    transform->translation.SetValue(3.0f, 4.0f);
-    transform->PushMatrix();
-    EXPECT_EQ(GetInt(GL_MATRIX_MODE), GL_MODELVIEW);
-    EXPECT_EQ(GetInt(GL_TEXTURE_STACK_DEPTH), depth + 1);
-    transform->Apply();
-    EXPECT_EQ(TextureMatrix().m[0][3], 3.0f);
-    transform->PopMatrix();
-    EXPECT_EQ(GetInt(GL_MATRIX_MODE), GL_MODELVIEW);
-    EXPECT_EQ(GetInt(GL_TEXTURE_STACK_DEPTH), depth);
-    EXPECT_EQ(TextureMatrix().m[0][3], 0.0f);
-}
-
 }  // namespace
