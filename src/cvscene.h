@@ -97,3 +97,7 @@
 #include "nodes/CVOrthographicCamera.h"
 #include "image/CVSearchPaths.h"
 #include "image/CVImageFile.h"
+#include "image/CVDIBUtil.h"
+#include "image/CSimpleDIB.h"
+#include "image/CVRenderToDIBAction.h"
+#include "image/CVRenderImageMapAction.h"

@@ -17,7 +17,7 @@ class CVGetTransformAction : public CVGLAction {
     DECLARE_DYNAMIC(CVGetTransformAction)
 public:
     // Other values give zero results.
-    enum TransformType { ObjectToWindow = 0, WindowToObject = 1 };
+    enum TransformType : int { ObjectToWindow = 0, WindowToObject = 1 };
 
     explicit CVGetTransformAction(CVGLRenderArea* area);
 

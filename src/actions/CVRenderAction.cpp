@@ -526,7 +526,9 @@ void CVRenderAction::RenderAnnotationNodes() {
     area->ResetAnnotationNodeList();
 }
 
-void CVRenderAction::DoSetViewport() { m_pRenderArea->SetViewport(m_Viewport); }
+void CVRenderAction::DoSetViewport() {
+    if (m_pRenderArea) m_pRenderArea->SetViewport(m_Viewport);
+}
 
 int CVRenderAction::SetSwapBuffersAfterRender(int on) {
     m_bSwapBuffersAfterRender = on;
@@ -570,9 +572,13 @@ void CVRenderAction::GetViewport(int& x, int& y, int& width, int& height) const 
     m_Viewport.Get(x, y, width, height);
 }
 
-int CVRenderAction::SetRenderCache(CVGLRenderArea* other) { return m_pRenderArea->SetRenderCache(other); }
+int CVRenderAction::SetRenderCache(CVGLRenderArea* other) {
+    return m_pRenderArea ? m_pRenderArea->SetRenderCache(other) : 0;
+}
 
-CVGLRenderArea* CVRenderAction::GetRenderCache() const { return m_pRenderArea->GetRenderCache(); }
+CVGLRenderArea* CVRenderAction::GetRenderCache() const {
+    return m_pRenderArea ? m_pRenderArea->GetRenderCache() : nullptr;
+}
 
 int CVRenderAction::SetFillStyle(int style) {
     m_nFillStyle = style;

@@ -18,7 +18,7 @@ class CVSearchAction : public CVAction {
     DECLARE_DYNAMIC(CVSearchAction)
 public:
     // First stops the walk at the first match; any other value collects all.
-    enum Interest { First = 0, All = 2 };
+    enum Interest : int { First = 0, All = 2 };
     enum Criteria { ByNode = 1, ByType = 2, ByName = 4 };
     typedef CArray<CVNode*, CVNode*> CVPath;
 

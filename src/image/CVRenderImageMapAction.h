@@ -10,8 +10,9 @@
 // pie slices, graph shapes, annotations and topographic charts excepted)
 // leave no colour. Every other node (groups, transforms, properties) renders
 // as it stands. The state's identification flag is 1 during Apply, so lights
-// and cameras act as for picking and shapes draw their bare geometry; the
-// transparent and annotation lists are not drawn.
+// and cameras act as for picking and shapes draw their bare geometry (none
+// for geometry marked not selectable); the transparent and annotation lists
+// are not drawn.
 //
 // The colour depth is the reference DC's BITSPIXEL, read once: 16 selects the
 // 5-bit code ramps, anything else the 8-bit codes. The bitmap follows the same

@@ -169,11 +169,17 @@ void* CVEGLDisplay::CreateContext(int format) {
     if (!m_root) {
         m_root = eglCreateContext(m_display, m_formats[format - 1].config, EGL_NO_CONTEXT, attribs);
         if (m_root == EGL_NO_CONTEXT) {
+            // An EGL 1.4 driver without profile attributes gives compatibility anyway.
+            m_bPlainAttribs = 1;
+            m_root = eglCreateContext(m_display, m_formats[format - 1].config, EGL_NO_CONTEXT, nullptr);
+        }
+        if (m_root == EGL_NO_CONTEXT) {
             m_root = nullptr;
             return nullptr;
         }
     }
-    EGLContext ctx = eglCreateContext(m_display, m_formats[format - 1].config, m_root, attribs);
+    EGLContext ctx =
+        eglCreateContext(m_display, m_formats[format - 1].config, m_root, m_bPlainAttribs ? nullptr : attribs);
     return ctx == EGL_NO_CONTEXT ? nullptr : ctx;
 }
 

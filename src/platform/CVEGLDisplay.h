@@ -66,5 +66,6 @@ private:
     void* m_display = nullptr;
     const char* m_pszPlatform = "";
     void* m_root = nullptr;
+    int m_bPlainAttribs = 0;  // the driver refused the profile attribute
     std::vector<Format> m_formats;
 };

@@ -1,15 +1,16 @@
 #include "platform/CVGdiRaster.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace {
 BYTE Code(DWORD rop) { return BYTE(rop >> 16); }
 
 // Source pixel under the centre of destination pixel i of n, over a source
 // span of m pixels, optionally mirrored.
-int MapCoord(int i, int n, int m, bool flip) {
-    int f = flip ? n - 1 - i : i;
-    return int(((2 * int64_t(f) + 1) * m) / (2 * int64_t(n)));
+int64_t MapCoord(int64_t i, int64_t n, int64_t m, bool flip) {
+    int64_t f = flip ? n - 1 - i : i;
+    return ((2 * f + 1) * m) / (2 * n);
 }
 
 // Destination indexes [first, last) whose mapped source lies in [lo, hi);
@@ -67,8 +68,10 @@ uint32_t CVGdiRaster::Apply(DWORD rop, uint32_t p, uint32_t s, uint32_t d) {
     return r;
 }
 
-int CVGdiRaster::Plan(int x, int y, int w, int h, int sx, int sy, int sw, int sh) {
+int CVGdiRaster::Plan(int x32, int y32, int w32, int h32, int sx32, int sy32, int sw32, int sh32) {
     m_bPlanned = 0;
+    // 64 bits, so that no extent or edge can overflow whatever the caller passes.
+    int64_t x = x32, y = y32, w = w32, h = h32, sx = sx32, sy = sy32, sw = sw32, sh = sh32;
     bool flipX = false, flipY = false;
     if (w < 0) { x += w; w = -w; flipX = !flipX; }
     if (h < 0) { y += h; h = -h; flipY = !flipY; }
@@ -79,13 +82,15 @@ int CVGdiRaster::Plan(int x, int y, int w, int h, int sx, int sy, int sw, int sh
 
     // Clip the destination first, so that the maps are only as long as the
     // part that can be drawn.
-    int x0 = std::max(x, 0), x1 = std::min<int64_t>(int64_t(x) + w, m_dst.GetWidth());
-    int y0 = std::max(y, 0), y1 = std::min<int64_t>(int64_t(y) + h, m_dst.GetHeight());
+    const int x0 = (int)std::max<int64_t>(x, 0), x1 = (int)std::min<int64_t>(x + w, m_dst.GetWidth());
+    const int y0 = (int)std::max<int64_t>(y, 0), y1 = (int)std::min<int64_t>(y + h, m_dst.GetHeight());
     if (x0 >= x1 || y0 >= y1) return 0;
     m_xmap.resize(x1 - x0);
     m_ymap.resize(y1 - y0);
-    for (int i = x0; i < x1; ++i) m_xmap[i - x0] = sx + MapCoord(i - x, w, sw, flipX);
-    for (int j = y0; j < y1; ++j) m_ymap[j - y0] = sy + MapCoord(j - y, h, sh, flipY);
+    // Source positions far outside any bitmap are clamped; they are dropped below anyway.
+    auto clampCoord = [](int64_t v) { return (int)std::clamp<int64_t>(v, INT32_MIN / 2, INT32_MAX / 2); };
+    for (int i = x0; i < x1; ++i) m_xmap[i - x0] = clampCoord(sx + MapCoord(i - x, w, sw, flipX));
+    for (int j = y0; j < y1; ++j) m_ymap[j - y0] = clampCoord(sy + MapCoord(j - y, h, sh, flipY));
 
     int cx0 = 0, cx1 = (int)m_xmap.size(), cy0 = 0, cy1 = (int)m_ymap.size();
     if (m_src) {
@@ -136,6 +141,17 @@ void CVGdiRaster::Run(const Colors& colors) {
     // A plain copy between like bitmaps carries every bit, the 32-bit
     // reserved byte included; everything else writes colour bits only.
     const bool verbatim = m_rop == SRCCOPY && conv == kSame;
+    // Unscaled, unmirrored: source columns are consecutive.
+    bool straight = m_src != nullptr;
+    for (int i = 1; straight && i < width; ++i) straight = m_xmap[i] == m_xmap[i - 1] + 1;
+
+    std::vector<uint32_t> row(width);
+    if (!m_src && !readDest) {
+        // The pattern alone: one value for every pixel.
+        std::fill(row.begin(), row.end(), Apply(m_rop, pattern, 0, 0) & mask);
+        for (size_t j = 0; j < m_ymap.size(); ++j) m_dst.WriteRow(m_rcDest.left, m_rcDest.top + (int)j, width, row.data());
+        return;
+    }
 
     // Source rows are read before anything is written when source and
     // destination are one bitmap, so overlapping copies see the old pixels.
@@ -147,7 +163,7 @@ void CVGdiRaster::Run(const Colors& colors) {
         for (int j = 0; j < sh; ++j) m_src->ReadRow(sx0, m_rcSource.top + j, sw, &srcCache[(size_t)j * sw]);
     }
 
-    std::vector<uint32_t> srcRow(m_src ? sw : 0), row(width);
+    std::vector<uint32_t> srcRow(m_src ? sw : 0);
     uint32_t lastIn = 0, lastOut = 0;
     bool haveLast = false;
     for (size_t j = 0; j < m_ymap.size(); ++j) {
@@ -161,6 +177,11 @@ void CVGdiRaster::Run(const Colors& colors) {
                 m_src->ReadRow(sx0, m_ymap[j], sw, srcRow.data());
                 s = srcRow.data();
             }
+        }
+        if (verbatim && straight) {
+            std::copy(s + (m_xmap[0] - sx0), s + (m_xmap[0] - sx0) + width, row.begin());
+            m_dst.WriteRow(m_rcDest.left, dy, width, row.data());
+            continue;
         }
         for (int i = 0; i < width; ++i) {
             uint32_t sv = 0;

@@ -243,7 +243,8 @@ int GetDIBits(HDC hdc, HBITMAP bitmap, UINT start, UINT lines, void* bits, BITMA
     head.biClrUsed = 0;
     std::memcpy(desc.data(), &head, sizeof head);
     BYTE* table = desc.data() + sizeof head;
-    if (h.biCompression == BI_BITFIELDS) std::memcpy(table, reinterpret_cast<BYTE*>(info) + h.biSize, 12);
+    // Masks follow a 40-byte header and sit at the same offset inside larger ones.
+    if (h.biCompression == BI_BITFIELDS) std::memcpy(table, reinterpret_cast<BYTE*>(info) + 40, 12);
     if (tableSize) {
         std::vector<RGBQUAD> colors(tableSize, RGBQUAD{0, 0, 0, 0});
         if (src->GetBitsPixel() == bpp) {

@@ -3,6 +3,24 @@
 // selected bitmap (32-bit BGRA bottom-up, 16-bit 5-6-5, or 1-bit mask) and the
 // raster operations work on its pixels. A DC that has a GL context bound keeps
 // the DIB and GL's colour buffer in step (see WinGL.h).
+//
+// Behaviour worth knowing:
+// - Handles are small positive integers, never reused; a bad, stale or
+//   wrongly typed handle makes a call fail (0, FALSE, null or CLR_INVALID)
+//   with ERROR_INVALID_HANDLE, and touches nothing. Window DCs (WinGL.h) have
+//   no bitmap: drawing calls on them fail.
+// - Raster operations work bit-wise on the destination's pixel values (the
+//   colour-table index for 1-, 4- and 8-bit bitmaps). A colour source on a
+//   mono destination gives 1 where it equals the source DC's background
+//   colour and 0 elsewhere; a mono source on a colour destination gives the
+//   destination DC's text colour for 0 and its background colour for 1.
+//   Other colours are matched to the nearest the destination can hold.
+// - The reserved byte of 32-bit pixels is written 0, except by a SRCCOPY from
+//   a 32-bit bitmap, which copies it.
+// - Rectangles (FillRect, and the extents of the blits) are normalised: a
+//   rectangle given bottom-up still covers its area. Opposite extent signs in
+//   StretchBlt mirror. Every stretch mode scales by nearest neighbour (each
+//   destination pixel takes the source pixel under its centre).
 #include "platform/WinTypes.h"
 
 struct HDC__;
@@ -153,19 +171,38 @@ struct LOGBRUSH {
 #define HGDI_ERROR ((HGDIOBJ)(intptr_t)-1)
 
 // Device contexts.
-HDC CreateCompatibleDC(HDC hdc);  // null hdc: a memory DC with a 1x1 mono bitmap selected
+// A memory DC with the stock 1x1 mono bitmap, white brush and default palette
+// selected; hdc, when given, must be a valid DC.
+HDC CreateCompatibleDC(HDC hdc);
+// Any DC. A context current on it in this thread is released first.
 BOOL DeleteDC(HDC hdc);
+// Bitmaps (memory DCs only, and not one selected into another DC), brushes,
+// fonts and pens; null when refused. Palettes go through SelectPalette.
 HGDIOBJ SelectObject(HDC hdc, HGDIOBJ obj);
 HGDIOBJ GetCurrentObject(HDC hdc, UINT type);
+// BITSPIXEL, PLANES, NUMCOLORS, SIZEPALETTE, RASTERCAPS describe the selected
+// bitmap; HORZRES and VERTRES are its size (a window DC: the window's size).
 int GetDeviceCaps(HDC hdc, int index);
 DWORD GetObjectType(HGDIOBJ obj);
+// Brings GL's current frame into the DIB of every memory DC with a context.
 BOOL GdiFlush();
 
 // Bitmaps.
+// 1, 4, 8, 16, 24 or 32 bits; BI_RGB, or BI_BITFIELDS for 16 and 32 bits
+// (16-bit BI_RGB is 5-5-5). The pixels are zeroed plain memory that stays at
+// *bits until DeleteObject. File-mapping sections are refused (section must
+// be null); hdc is used only for DIB_PAL_COLORS.
 HBITMAP CreateDIBSection(HDC hdc, const BITMAPINFO* info, UINT usage, void** bits, void* section, DWORD offset);
+// The depth of the bitmap selected into hdc (so 1 bit for a new memory DC);
+// 32 bits for a null or window DC and in place of 4 and 8. A zero side gives
+// a 1x1 mono bitmap.
 HBITMAP CreateCompatibleBitmap(HDC hdc, int width, int height);
+// 1, 16 (5-6-5), 24 or 32 bits, one plane; bits are rows padded to 16 bits.
 HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitCount, const void* bits);
+// BITMAP (or DIBSECTION for a DIB section when size allows), LOGBRUSH, or a
+// palette's entry count (WORD). A null out returns the size of the largest.
 int GetObjectW(HGDIOBJ obj, int size, void* out);
+// Fails for a bitmap selected into a DC; stock objects stay (TRUE).
 BOOL DeleteObject(HGDIOBJ obj);
 UINT SetDIBColorTable(HDC hdc, UINT start, UINT count, const RGBQUAD* colors);
 UINT GetDIBColorTable(HDC hdc, UINT start, UINT count, RGBQUAD* colors);
@@ -205,6 +242,8 @@ COLORREF SetPixel(HDC hdc, int x, int y, COLORREF color);
 // Palettes.
 HPALETTE CreatePalette(const LOGPALETTE* palette);
 HPALETTE SelectPalette(HDC hdc, HPALETTE palette, BOOL forceBackground);
+// The memory raster has no hardware palette to fill: returns the entry count
+// of the selected palette, 0 for the default one.
 UINT RealizePalette(HDC hdc);
 UINT GetPaletteEntries(HPALETTE palette, UINT start, UINT count, PALETTEENTRY* entries);
 

@@ -5,6 +5,35 @@
 // gets a GLX context. Contexts of one kind share display lists with each
 // other. Contexts without accumulation bits get a software accumulation
 // buffer through CVAccum.
+//
+// Pixel formats. A memory DC's formats are the EGL configs that can back it
+// (8-8-8-8 and 5-6-5 pbuffer configs, no multisampling); a window DC's are the
+// GLX configs for windows of its depth. ChoosePixelFormat picks, among those
+// matching the selected bitmap's layout (memory DC) or the double-buffer flag
+// (window DC; PFD_DRAW_TO_* flags are not consulted), the format with the
+// requested depth or the nearest above it, else the deepest; then the fewest
+// surplus stencil, accumulation and alpha bits. DescribePixelFormat reports
+// what a context in that format really has: bitmap formats are
+// PFD_DRAW_TO_BITMAP | PFD_SUPPORT_GDI | PFD_SUPPORT_OPENGL with the DIB's
+// channel shifts and no accumulation bits. SetPixelFormat works once per DC
+// and refuses a bitmap format that does not match the selected bitmap;
+// wglCreateContext needs it.
+//
+// Contexts. wglMakeCurrent releases whatever this thread had current first,
+// so EGL and GLX contexts can take turns; on failure nothing is current, as
+// in WGL. Sharing: every EGL context is created in one process-wide share
+// group (a hidden root context made with the first one), and every GLX
+// context in one group per X display (a hidden root that goes with the
+// display's last context). wglShareLists therefore has nothing to do; it
+// returns TRUE for two contexts of one group and FALSE, with
+// ERROR_INVALID_OPERATION, across kinds or displays.
+//
+// Memory DCs. GL draws into a pbuffer owned by the DC and made for the
+// selected bitmap (a new one, starting from the bitmap's pixels, when another
+// bitmap is selected). GDI calls exchange only the rectangles they touch with
+// it; SwapBuffers and GdiFlush bring the whole frame into the DIB (see
+// CVGdiDC.h for the rules). Deleting the context drops the pbuffer; the DIB
+// keeps what was last brought into it.
 #include "platform/WinGDI.h"
 
 struct HGLRC__;
@@ -65,10 +94,13 @@ BOOL wglDeleteContext(HGLRC context);
 BOOL wglShareLists(HGLRC first, HGLRC second);
 HGLRC wglGetCurrentContext();
 HDC wglGetCurrentDC();
+// Memory DC: glFinish and GL's frame into the DIB. Window DC: glXSwapBuffers.
 BOOL SwapBuffers(HDC hdc);
 
 // A window DC over an X11 window, for hosts with their own X11 or toolkit
-// window. The display and window stay the host's; ReleaseWindowDC frees the DC.
+// window; null for a null display or a window the server does not know. The
+// display and window stay the host's and must outlive the DC and its GLX
+// contexts; ReleaseWindowDC frees the DC.
 struct _XDisplay;
 HDC CreateWindowDC(_XDisplay* display, unsigned long window);
 void ReleaseWindowDC(HDC hdc);

@@ -3,6 +3,7 @@
 #include <GL/gl.h>
 
 #include "geometry/CVGeometry.h"
+#include "image/CVRenderToDIBAction.h"
 #include "platform/WinSys.h"
 #include "render/CVGLRenderArea.h"
 
@@ -56,7 +57,16 @@ CVCacheManager::~CVCacheManager() {
     if (m_pRenderAreaCache) {
         m_pRenderAreaCache->Unref();
         m_pRenderAreaCache = nullptr;
+        delete m_pCacheAction;
+        m_pCacheAction = nullptr;
     }
+}
+
+void CVCacheManager::CreateGLRenderAreaCache(HDC hdc) {
+    if (m_pRenderAreaCache) return;
+    m_pCacheAction = new CVRenderToDIBAction(hdc);
+    m_pRenderAreaCache = m_pCacheAction->GetRenderArea();
+    m_pRenderAreaCache->Ref();
 }
 
 void CVCacheManager::DeleteCachedDisplayLists(unsigned int first, unsigned int count) {

@@ -26,7 +26,10 @@ public:
     CVCacheManager(const CVCacheManager&) = delete;
     CVCacheManager& operator=(const CVCacheManager&) = delete;
 
-    // Creates the shared off-screen render area once; later calls do nothing.
+    // Creates the shared off-screen render area once, as the area of a DIB
+    // render action (32 x 32, for hdc's depth) that the manager keeps until
+    // it is destroyed; later calls do nothing. Throws CMemoryException when
+    // the bitmap cannot be made.
     void CreateGLRenderAreaCache(HDC hdc);
     CVGLRenderArea* GetGLRenderAreaCache() const { return m_pRenderAreaCache; }
     // glDeleteLists, only once a render area cache exists.

@@ -2,6 +2,8 @@
 // DIB's pixels after Apply, whose swap brings GL's pixels into the DIB.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include <GL/gl.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -23,6 +25,7 @@
 #include "platform/WinUser.h"
 #include "render/CVWindowDevice.h"
 #include "support/CVTestFiles.h"
+#include "support/CVTestWindow.h"
 
 namespace {
 
@@ -236,6 +239,7 @@ struct ClearCase {
     int bitmap;
     uint32_t expected;
 };
+void PrintTo(const ClearCase& c, std::ostream* os) { *os << c.name; }
 class CVRenderActionClearGLTest : public Frame, public ::testing::WithParamInterface<ClearCase> {};
 
 TEST_P(CVRenderActionClearGLTest, ClearColourFillsTheArea) {
@@ -438,6 +442,7 @@ struct DirectionCase {
     bool horizontal;
     bool reversed;
 };
+void PrintTo(const DirectionCase& c, std::ostream* os) { *os << "type " << c.type; }
 
 class CVRenderActionGradientTypeGLTest : public Frame, public ::testing::WithParamInterface<DirectionCase> {};
 
@@ -502,6 +507,7 @@ struct FitCase {
     bool alpha;
     std::vector<Probe> probes;
 };
+void PrintTo(const FitCase& c, std::ostream* os) { *os << c.name; }
 
 class CVRenderActionImageGLTest : public ImageFrame, public ::testing::WithParamInterface<FitCase> {};
 
@@ -588,6 +594,7 @@ struct BadCase {
     int texturing;
     const char* nameOverride;  // the image name instead of the file's path
 };
+void PrintTo(const BadCase& c, std::ostream* os) { *os << c.name; }
 
 class CVRenderActionBadImageGLTest : public ImageFrame, public ::testing::WithParamInterface<BadCase> {};
 
@@ -624,42 +631,20 @@ INSTANTIATE_TEST_SUITE_P(Inputs, CVRenderActionBadImageGLTest, ::testing::Values
 
 class CVRenderActionWindowGLTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_NE(std::getenv("DISPLAY"), nullptr) << "window tests need an X server (run under xvfb-run)";
-        display = XOpenDisplay(nullptr);
-        ASSERT_NE(display, nullptr) << "cannot open the X display";
-        window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 64, 48, 0, 0, 0xFFFFFF);
-        XSelectInput(display, window, StructureNotifyMask);
-        XMapWindow(display, window);
-        for (XEvent e;;) {  // pixels of an unmapped window are undefined
-            XNextEvent(display, &e);
-            if (e.type == MapNotify) break;
-        }
-        dc = CreateWindowDC(reinterpret_cast<_XDisplay*>(display), window);
-        ASSERT_NE(dc, nullptr);
-    }
-    void TearDown() override {
-        if (dc) ReleaseWindowDC(dc);
-        if (display) {
-            XDestroyWindow(display, window);
-            XCloseDisplay(display);
-        }
-        CVGLRenderArea::SetInflateWorld(1);
-    }
+    void SetUp() override { ASSERT_NE(win.GetDC(), nullptr); }
+    void TearDown() override { CVGLRenderArea::SetInflateWorld(1); }
     uint32_t Shown(int x, int y) {
-        XImage* image = XGetImage(display, window, 0, 0, 64, 48, AllPlanes, ZPixmap);
+        XImage* image = XGetImage(win.GetDisplay(), win.GetWindow(), 0, 0, 64, 48, AllPlanes, ZPixmap);
         if (!image) return 0xDEADBEEF;
         const uint32_t v = XGetPixel(image, x, y) & 0xFFFFFF;
         XDestroyImage(image);
         return v;
     }
-    Display* display = nullptr;
-    Window window = 0;
-    HDC dc = nullptr;
+    CVTestWindow win{64, 48};
 };
 
 TEST_F(CVRenderActionWindowGLTest, FrameIsClearedDrawnAndSwapped) {
-    CVWindowDevice device(dc, 1);
+    CVWindowDevice device(win.GetDC(), 1);
     CVGLRenderArea::SetInflateWorld(0);
     auto* area = new CVGLRenderArea(&device);
     area->Ref();

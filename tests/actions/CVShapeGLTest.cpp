@@ -285,38 +285,30 @@ TEST_F(CVShapeGLTest, DataPointCastsAStippledUnlitShadowFirst) {
     glDisable(GL_LIGHTING);
 }
 
-struct NoShadowCase {
-    const char* name;
-    GeometryKind kind;
-    GLenum polygonMode;
-    int shadows;
-    int pass;
-};
-
-void PrintTo(const NoShadowCase& c, std::ostream* os) { *os << c.name; }
-
-const NoShadowCase kNoShadowCases[] = {
-    {"ShadowsOff", Plain, GL_FILL, 0, 1},
-    {"LineMode", Plain, GL_LINE, 1, 1},
-    {"LineSet", LineSet, GL_FILL, 1, 1},
-    {"TransparentPass", Plain, GL_FILL, 1, 2},
-};
-
-class CVShapeNoShadowGLTest : public ShapeFixture, public ::testing::WithParamInterface<NoShadowCase> {};
-
-TEST_P(CVShapeNoShadowGLTest, NoShadowIsCast) {
-    const NoShadowCase& c = GetParam();
-    TestGeometry* g = Use(c.kind);
-    g->SetDataPointFlag(1);
-    area->SetDropShadowsEnabled(c.shadows);
-    glPolygonMode(GL_FRONT_AND_BACK, c.polygonMode);
-    Draw(c.pass);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-    EXPECT_EQ(g->draws.size(), 1u);
+TEST_F(CVShapeGLTest, NoShadowForLinesOutsideTheScenePassOrWhenOff) {
+    const struct {
+        const char* name;
+        GeometryKind kind;
+        GLenum polygonMode;
+        int shadows;
+        int pass;
+    } kCases[] = {
+        {"ShadowsOff", Plain, GL_FILL, 0, 1},
+        {"LineMode", Plain, GL_LINE, 1, 1},
+        {"LineSet", LineSet, GL_FILL, 1, 1},
+        {"TransparentPass", Plain, GL_FILL, 1, 2},
+    };
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(c.name);
+        TestGeometry* g = Use(c.kind);
+        g->SetDataPointFlag(1);
+        area->SetDropShadowsEnabled(c.shadows);
+        glPolygonMode(GL_FRONT_AND_BACK, c.polygonMode);
+        Draw(c.pass);
+        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+        EXPECT_EQ(g->draws.size(), 1u);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Conditions, CVShapeNoShadowGLTest, ::testing::ValuesIn(kNoShadowCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 struct OverlayCase {
     const char* name;
@@ -368,20 +360,6 @@ TEST_F(CVShapeGLTest, PartialSelectionDrawsNoOverlay) {
     g->SetPartialSelectionFlag(1);
     Draw(1);
     EXPECT_EQ(g->draws.size(), 1u);
-}
-
-TEST_F(CVShapeGLTest, BoxAndDetailComeFromTheGeometry) {
-    CVBox3f box;
-    shape->ComputeBoundingBox(&state, area, &box);
-    EXPECT_TRUE(box.IsEmpty());
-    EXPECT_EQ(shape->GetPickDetail(1), nullptr);
-    Draw(1);  // nothing to draw without a geometry
-
-    TestGeometry* g = Use(Plain);
-    g->box.SetCenter(1.0f, 0.0f, 0.0f);
-    shape->ComputeBoundingBox(&state, area, &box);
-    EXPECT_EQ(box.GetCenter().x, 1.0f);
-    EXPECT_EQ(box.GetSize().y, 1.0f);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include <GL/gl.h>
 
 #include <vector>
@@ -68,6 +70,7 @@ struct PickCase {
     int identification;
     bool keepsPickMatrix;  // the current projection is pick * camera, not the camera's alone
 };
+void PrintTo(const PickCase& c, std::ostream* os) { *os << c.name; }
 
 class CVCameraPickGLTest : public cvtest::GLFixture, public ::testing::WithParamInterface<PickCase> {};
 

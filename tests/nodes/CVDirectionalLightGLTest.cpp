@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include <GL/gl.h>
 
 #include "actions/CVActionTestSupport.h"
@@ -50,6 +52,7 @@ struct SkipCase {
     int identification;
     bool allTaken;
 };
+void PrintTo(const SkipCase& c, std::ostream* os) { *os << c.name; }
 
 class CVDirectionalLightSkipGLTest : public cvtest::GLFixture, public ::testing::WithParamInterface<SkipCase> {};
 

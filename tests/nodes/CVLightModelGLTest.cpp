@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include <GL/gl.h>
 
 #include "actions/CVActionTestSupport.h"
@@ -21,6 +23,7 @@ struct ModelCase {
     bool lightingOn;
     GLint localViewer;  // starts at 1, so a mode that makes no call leaves 1
 };
+void PrintTo(const ModelCase& c, std::ostream* os) { *os << c.name; }
 
 const ModelCase kCases[] = {
     {"LocalViewer", 1, 0, 0, true, 1},

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include <GL/gl.h>
 
 #include "actions/CVActionTestSupport.h"
@@ -15,6 +17,7 @@ struct OrthoCase {
     float viewportAspect;
     double left, right, bottom, top;  // the volume glOrtho must receive
 };
+void PrintTo(const OrthoCase& c, std::ostream* os) { *os << c.name; }
 
 const OrthoCase kCases[] = {
     {"Height2Aspect1_5", 0, 1, 2.0f, 1.5f, -1.5, 1.5, -1.0, 1.0},

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include <GL/gl.h>
 
 #include <cmath>
@@ -20,6 +22,7 @@ struct ProjectionCase {
     float viewportAspect;
     double p00, p11;  // x and y scale of the projection
 };
+void PrintTo(const ProjectionCase& c, std::ostream* os) { *os << c.name; }
 
 // Perspective: p11 = cot(angle / 2), p00 = p11 / aspect.
 // Orthographic form: the field of view is the height h, p11 = 2 / h, p00 = 2 / (h * aspect).

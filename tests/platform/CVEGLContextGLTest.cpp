@@ -176,6 +176,7 @@ struct BadTarget {
     const char* name;
     int bpp;  // 0: no bitmap selected
 };
+void PrintTo(const BadTarget& c, std::ostream* os) { *os << c.name; }
 class FailureTest : public testing::TestWithParam<BadTarget> {};
 
 TEST_P(FailureTest, NoContextAndEverythingAfterIsHarmless) {

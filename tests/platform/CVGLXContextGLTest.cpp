@@ -8,30 +8,20 @@
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
-#include <dlfcn.h>
 
 #include <chrono>
 #include <cstdlib>
 #include <thread>
 
-namespace {
-// Xlib is reached through the library's own link to it: the test executable
-// does not link X11 itself.
-template <class F>
-F* XFunction(const char* name) {
-    return reinterpret_cast<F*>(dlsym(RTLD_DEFAULT, name));
-}
-#define XCALL(fn) (XFunction<decltype(fn)>(#fn))
+#include <unistd.h>
 
+#include "support/CVTestWindow.h"
+
+namespace {
 // The X server resets when its last client leaves, and refuses connections
 // meanwhile; a test that starts right after another one closed may land there.
-Display* OpenDisplay() {
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        if (Display* d = XCALL(XOpenDisplay)(nullptr)) return d;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return nullptr;
-}
+// Kept open for the whole process (see support/CVTestWindow.h).
+Display* OpenDisplay() { return CVTestWindow::SharedDisplay(); }
 
 class CVGLXContextGLTest : public testing::Test {
 protected:
@@ -40,11 +30,17 @@ protected:
         ASSERT_TRUE(name && *name) << "DISPLAY is not set: window tests need an X server (run under xvfb-run)";
         display = OpenDisplay();
         ASSERT_NE(display, nullptr) << "cannot open X display " << name;
-        window = XCALL(XCreateSimpleWindow)(display, DefaultRootWindow(display), 0, 0, 64, 64, 0, 0, 0);
-        XCALL(XSelectInput)(display, window, StructureNotifyMask);
-        XCALL(XMapWindow)(display, window);
+        // Suites run in parallel on one server: windows may overlap, so their
+        // pixels are kept in backing store, and each process puts its window elsewhere.
+        XSetWindowAttributes attrs{};
+        attrs.backing_store = Always;
+        const int slot = (int)(getpid() % 300);
+        window = XCreateWindow(display, DefaultRootWindow(display), 64 * (slot % 20), 64 * (slot / 20), 64, 64, 0,
+                               CopyFromParent, InputOutput, CopyFromParent, CWBackingStore, &attrs);
+        XSelectInput(display, window, StructureNotifyMask);
+        XMapWindow(display, window);
         for (XEvent e;;) {
-            XCALL(XNextEvent)(display, &e);
+            XNextEvent(display, &e);
             if (e.type == MapNotify) break;
         }
         hdc = CreateWindowDC(display, window);
@@ -55,8 +51,8 @@ protected:
         for (HGLRC rc : contexts) wglDeleteContext(rc);
         if (hdc) ReleaseWindowDC(hdc);
         if (display) {
-            XCALL(XDestroyWindow)(display, window);
-            XCALL(XCloseDisplay)(display);
+            XDestroyWindow(display, window);
+            XSync(display, False);
         }
     }
     // A context in the format chosen for request.
@@ -75,7 +71,7 @@ protected:
     }
     // The window's pixel as the X server has it.
     COLORREF ScreenAt(int x, int y) {
-        XImage* image = XCALL(XGetImage)(display, window, x, y, 1, 1, AllPlanes, ZPixmap);
+        XImage* image = XGetImage(display, window, x, y, 1, 1, AllPlanes, ZPixmap);
         if (!image) return CLR_INVALID;
         unsigned long p = XGetPixel(image, 0, 0);
         XDestroyImage(image);

@@ -61,6 +61,7 @@ struct BadInfo {
 };
 MaskedInfo Plain(BITMAPINFO bi) { return MaskedInfo{bi.bmiHeader, {0, 0, 0}}; }
 MaskedInfo Masked(int bpp, DWORD r, DWORD g, DWORD b) { return MaskedInfo{Info(4, 4, bpp, BI_BITFIELDS).bmiHeader, {r, g, b}}; }
+void PrintTo(const BadInfo& c, std::ostream* os) { *os << c.name; }
 class BadDibTest : public testing::TestWithParam<BadInfo> {};
 
 TEST_P(BadDibTest, IsRefusedWithoutBits) {
@@ -126,6 +127,7 @@ struct PixelCase {
     int bpp;
     COLORREF set, stored;
 };
+void PrintTo(const PixelCase& c, std::ostream* os) { *os << c.name; }
 class SetPixelTest : public testing::TestWithParam<PixelCase> {};
 
 TEST_P(SetPixelTest, ReturnsAndStoresTheNearestEncodableColour) {

@@ -82,6 +82,7 @@ TEST(CVGdiDCTest, AttributesReturnTheirPreviousValues) {
 struct CapsCase {
     int bpp, bitsPixel, numColors, sizePalette, hasPalette;
 };
+void PrintTo(const CapsCase& c, std::ostream* os) { *os << c.bpp << " bits"; }
 class CapsTest : public testing::TestWithParam<CapsCase> {};
 
 TEST_P(CapsTest, DescribeTheSelectedBitmap) {

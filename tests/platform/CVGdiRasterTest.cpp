@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 namespace {
 // With pattern 0xF0, source 0xCC and destination 0xAA in every channel, each
 // channel of the result is the raster operation's code byte: that is how the
@@ -21,6 +23,7 @@ const RopCase kRops[] = {
     {"DPSnoo", 0x00FB0A09, 0xFB},  // no named constant: goes through the general truth-table path
 };
 
+void PrintTo(const RopCase& c, std::ostream* os) { *os << c.name; }
 class RopTest : public testing::TestWithParam<RopCase> {};
 
 TEST_P(RopTest, EachChannelGetsTheCodeByte) {
@@ -104,6 +107,10 @@ TEST(CVGdiRasterTest, BlitsClipToBothBitmaps) {
     EXPECT_EQ(dst.At(3, 1), RGB(1, 1, 1));
     EXPECT_TRUE(BitBlt(dst.hdc, 100000, -100000, 5, 5, src.hdc, 0, 0, SRCCOPY));
     EXPECT_TRUE(PatBlt(dst.hdc, -0x7FFFFFFF, -5, 0x7FFFFFFF, 0x7FFFFFFF, BLACKNESS));
+    EXPECT_EQ(dst.At(0, 0), RGB(1, 1, 1));  // the right edge, 0, is exclusive
+    // Extreme extents (run under the sanitizers) neither overflow nor crash.
+    EXPECT_TRUE(StretchBlt(dst.hdc, INT_MAX, INT_MIN, INT_MIN, INT_MAX, src.hdc, INT_MIN, 0, INT_MAX, INT_MIN,
+                           SRCCOPY));
 }
 
 TEST(CVGdiRasterTest, OverlappingCopyWithinOneBitmapSeesTheOldPixels) {
@@ -175,6 +182,7 @@ const ConvertCase kConversions[] = {
     {"ToGreyPaletteNearest", 32, 8, RGB(100, 101, 99), RGB(100, 100, 100)},
     {"ToMonoByBackground", 32, 1, RGB(255, 255, 255), RGB(255, 255, 255)},
 };
+void PrintTo(const ConvertCase& c, std::ostream* os) { *os << c.name; }
 class ConvertTest : public testing::TestWithParam<ConvertCase> {};
 
 TEST_P(ConvertTest, CopyMatchesTheDestinationEncoding) {

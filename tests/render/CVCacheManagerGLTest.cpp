@@ -172,4 +172,24 @@ TEST_F(CVCacheManagerGLTest, HighColourCodesUseTheFillOrTheLineRamp) {
                                                  0.8855f, 0.918f, 0.95f, 0.982f, 1.0f})[idx]);
 }
 
+TEST_F(CVCacheManagerGLTest, RenderAreaCacheIsMadeOnceAndReleasedWithTheManager) {
+    CVTestBitmap reference(1, 1);
+    CVCacheManager* own = new CVCacheManager;
+    own->DeleteCachedDisplayLists(1000, 1);  // ignored: no cache yet
+    own->CreateGLRenderAreaCache(reference.GetDC());
+    CVGLRenderArea* cache = own->GetGLRenderAreaCache();
+    ASSERT_NE(cache, nullptr);
+    EXPECT_NE(cache->GetHGLRC(), nullptr);
+    EXPECT_EQ(cache->GetRef(), 2);  // the manager's and its DIB action's
+    own->CreateGLRenderAreaCache(reference.GetDC());
+    EXPECT_EQ(own->GetGLRenderAreaCache(), cache);
+    EXPECT_EQ(cache->GetRef(), 2);
+    EXPECT_EQ(area->SetRenderCache(cache), 1);  // bitmap areas share lists with it
+
+    cache->Ref();
+    delete own;
+    EXPECT_EQ(cache->GetRef(), 1);  // both released: only ours is left
+    cache->Unref();
+}
+
 }  // namespace

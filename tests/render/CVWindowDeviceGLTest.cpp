@@ -5,37 +5,23 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
-#include <cstdlib>
 
 #include "platform/WinUser.h"
 #include "render/CVGLRenderArea.h"
 #include "render/CVWindowDevice.h"
+#include "support/CVTestWindow.h"
 
 namespace {
 
 class CVWindowDeviceGLTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_NE(std::getenv("DISPLAY"), nullptr) << "window tests need an X server (run under xvfb-run)";
-        display = XOpenDisplay(nullptr);
-        ASSERT_NE(display, nullptr) << "cannot open the X display";
-        window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 64, 48, 0, 0, 0);
-        XSelectInput(display, window, StructureNotifyMask);
-        XMapWindow(display, window);
-        for (XEvent e;;) {  // pixels of an unmapped window are undefined
-            XNextEvent(display, &e);
-            if (e.type == MapNotify) break;
-        }
-        dc = CreateWindowDC(reinterpret_cast<_XDisplay*>(display), window);
-        ASSERT_NE(dc, nullptr);
+        ASSERT_NE(win.GetDC(), nullptr);
+        display = win.GetDisplay();
+        window = win.GetWindow();
+        dc = win.GetDC();
     }
-    void TearDown() override {
-        if (dc) ReleaseWindowDC(dc);
-        if (display) {
-            XDestroyWindow(display, window);
-            XCloseDisplay(display);
-        }
-    }
+    CVTestWindow win{64, 48};
     Display* display = nullptr;
     Window window = 0;
     HDC dc = nullptr;
