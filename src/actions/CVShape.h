@@ -11,6 +11,7 @@
 //   being drawn (kind 1 for antialiased lines, transparent or drop-shadowed
 //   fills; 2 for antialiased text; 0 for force-sorted fills);
 // - otherwise the appearance (or plain grey 0.8 without one) and the geometry,
+//   inside the appearance's texture transform when it has one,
 //   then for a selected geometry a stippled overlay in the selection colour,
 //   scaled slightly up by the geometry's stipple percent.
 // The current colour is left as the last drawing set it.

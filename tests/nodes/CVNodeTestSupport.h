@@ -1,0 +1,120 @@
+#pragma once
+// Pieces shared by the property-node suites: the headless 64 x 64 GL target
+// with a frame drawn by the render action, and a quad geometry that draws
+// and records.
+#include <gtest/gtest.h>
+
+#include <GL/gl.h>
+
+#include <vector>
+
+#include "actions/CVGroup.h"
+#include "actions/CVRenderAction.h"
+#include "actions/CVShape.h"
+#include "actions/CVState.h"
+#include "geometry/CVGeometry.h"
+#include "math/CVBox3f.h"
+#include "nodes/CVAppearance.h"
+#include "render/CVBitmapDevice.h"
+#include "render/CVCacheManager.h"
+#include "render/CVGLRenderArea.h"
+#include "support/CVTestBitmap.h"
+
+namespace cvtest {
+
+// What one draw of a QuadGeometry saw.
+struct QuadDraw {
+    int pass;
+    bool depthTest;
+    float modelViewX;  // x translation of the model-view matrix
+};
+
+// A rectangle (x0,y0)-(x1,y1) at height z facing +z, texture coordinates 0..1
+// over it. Enables 2-D texturing when the appearance holds a texture and the
+// area allows it, as geometry does.
+class QuadGeometry : public CVGeometry {
+public:
+    QuadGeometry(float x0 = -1.0f, float y0 = -1.0f, float x1 = 1.0f, float y1 = 1.0f, float z = 0.0f)
+        : m_x0(x0), m_y0(y0), m_x1(x1), m_y1(y1), m_z(z) {}
+    void Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearance) override {
+        GLfloat m[16];
+        glGetFloatv(GL_MODELVIEW_MATRIX, m);
+        draws.push_back({state ? state->m_nRenderPass : -1, glIsEnabled(GL_DEPTH_TEST) != 0, m[12]});
+        glPushAttrib(GL_ENABLE_BIT);
+        if (appearance && appearance->GetTexture() && area->IsTexturingEnabled()) glEnable(GL_TEXTURE_2D);
+        glBegin(GL_QUADS);
+        glNormal3f(0.0f, 0.0f, 1.0f);
+        glTexCoord2f(0.0f, 0.0f);
+        glVertex3f(m_x0, m_y0, m_z);
+        glTexCoord2f(1.0f, 0.0f);
+        glVertex3f(m_x1, m_y0, m_z);
+        glTexCoord2f(1.0f, 1.0f);
+        glVertex3f(m_x1, m_y1, m_z);
+        glTexCoord2f(0.0f, 1.0f);
+        glVertex3f(m_x0, m_y1, m_z);
+        glEnd();
+        glPopAttrib();
+    }
+    void ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* box) override {
+        CVBox3f own;
+        own.SetCenter((m_x0 + m_x1) * 0.5f, (m_y0 + m_y1) * 0.5f, m_z);
+        own.SetSize(m_x1 - m_x0, m_y1 - m_y0, 0.0f);
+        box->Union(&own);
+    }
+
+    std::vector<QuadDraw> draws;
+
+private:
+    float m_x0, m_y0, m_x1, m_y1, m_z;
+};
+
+// A shape holding a quad and, optionally, an appearance.
+inline CVShape* MakeQuadShape(QuadGeometry* quad, CVAppearance* appearance = nullptr) {
+    auto* shape = new CVShape;
+    shape->geometry.SetValue(quad);
+    if (appearance) shape->appearance.SetValue(appearance);
+    return shape;
+}
+
+// The 64 x 64 headless context, uninflated viewport over the whole bitmap,
+// identity matrices, and the process-wide material state reset to unknown so
+// that suites do not see each other's materials.
+class NodeGLFixture : public ::testing::Test {
+protected:
+    NodeGLFixture() : bitmap(64, 64), device(bitmap.GetDC()) {
+        CVGLRenderArea::SetInflateWorld(0);
+        area = new CVGLRenderArea(&device);
+        area->Ref();
+        area->SetViewport(0, 0, 64, 64);
+        ForgetMaterial();
+    }
+    ~NodeGLFixture() override {
+        area->ResetAnnotationNodeList();
+        area->Unref();
+        CVGLRenderArea::SetInflateWorld(1);
+    }
+
+    static void ForgetMaterial() {
+        CVCacheManager* m = CVGetCacheManagerPtr();
+        m->InitGLColor();
+        m->m_EmissiveColor = m->m_SpecularColor = {-1.0f, -1.0f, -1.0f};
+        m->m_fAmbientIntensity = m->m_fShininess = m->m_fTransparency = -1.0f;
+    }
+
+    // One frame on black, swapped into the bitmap. The headlight is on so
+    // that the deferred passes, which light everything, show pure colours
+    // as the unlit scene pass does.
+    void DrawFrame(CVNode* root) {
+        CVRenderAction action(area);
+        action.SetHeadlightOn(1);
+        action.Apply(root);
+    }
+    // A pixel of the last frame (y up) as 0xRRGGBB.
+    uint32_t Pixel(int x, int y) const { return bitmap.Pixel(x, y); }
+
+    CVTestBitmap bitmap;
+    CVBitmapDevice device;
+    CVGLRenderArea* area;
+};
+
+}  // namespace cvtest
