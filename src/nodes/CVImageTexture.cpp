@@ -16,6 +16,34 @@ IMPLEMENT_DYNAMIC(CVImageTexture, CVTexture)
 
 namespace {
 
+// The whole image stretched into a size x size 32-bit DIB, pixel for pixel
+// as a COLORONCOLOR StretchBlt does it: textures keep hard texel edges
+// rather than the smoothed resampling of ScaleDIB.
+HGLOBAL StretchToSquare(HGLOBAL image, int width, int height, int size) {
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+    info.bmiHeader.biWidth = size;
+    info.bmiHeader.biHeight = size;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    HDC dc = CreateCompatibleDC(nullptr);
+    void* bits = nullptr;
+    HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    HGLOBAL square = nullptr;
+    if (bitmap) {
+        HGDIOBJ old = SelectObject(dc, bitmap);
+        SetStretchBltMode(dc, COLORONCOLOR);
+        BOOL drawn = StretchDIBBlt(dc, 0, 0, size, size, image, 0, 0, width, height, SRCCOPY);
+        SelectObject(dc, old);
+        if (drawn) square = DIBFromBitmap(bitmap, 32);
+        DeleteObject(bitmap);
+    }
+    DeleteDC(dc);
+    return square;
+}
+
+
 const int kPathLength = 1024;
 const int kMinTextureSize = 64;
 const int kMaxTextureSize = 512;
@@ -144,7 +172,7 @@ void CVImageTexture::LoadTexture(CVTextureCacheElement* element, CVGLRenderArea*
         GlobalUnlock(image);
         const int tileMode = element->GetTileMode();
         const int size = TextureSize(width, height, tileMode);
-        HGLOBAL square = tileMode < 1 ? ScaleDIB(image, size, size) : TileDIB(image, size, size);
+        HGLOBAL square = tileMode < 1 ? StretchToSquare(image, width, height, size) : TileDIB(image, size, size);
         GlobalFreeDIB(image);
         if (square) {
             glBindTexture(GL_TEXTURE_2D, texture);

@@ -145,6 +145,9 @@ TEST_F(CVImageTextureGLTest, TileModeRepeatsTheImageInsteadOfScalingIt) {
     std::vector<uint32_t> texels = Texels();
     EXPECT_EQ(texels[10], 0xFF0000u);
     EXPECT_EQ(texels[40], 0x0000FFu);
+    // Stretched pixel for pixel: the edge stays hard, no blended texel.
+    EXPECT_EQ(texels[31], 0xFF0000u);
+    EXPECT_EQ(texels[32], 0x0000FFu);
 
     CVImageTexture* tiled = Texture(path, 1);
     tiled->Render(&state, area);
