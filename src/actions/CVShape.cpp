@@ -112,16 +112,12 @@ void CVShape::Render(CVState* state, CVGLRenderArea* area) {
     CVAppearance* app = appearance.GetValue();
     if (app) {
         app->Render(state, area);
-        CVNode* textureTransform = app->GetTextureTransform();
+        CVTextureTransform* textureTransform = app->GetTextureTransform();
         if (textureTransform) {
-            glMatrixMode(GL_TEXTURE);
-            glPushMatrix();
-            glMatrixMode(GL_MODELVIEW);
-            textureTransform->Render(state, area);
+            textureTransform->PushMatrix();
+            textureTransform->Apply();
             g->Render(state, area, app);
-            glMatrixMode(GL_TEXTURE);
-            glPopMatrix();
-            glMatrixMode(GL_MODELVIEW);
+            textureTransform->PopMatrix();
         } else {
             g->Render(state, area, app);
         }

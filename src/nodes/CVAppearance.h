@@ -1,21 +1,34 @@
 #pragma once
-// How a shape looks: the node a shape applies (Render) before drawing its
-// geometry. So far it carries only the texture transform; material and
-// texture come with their node classes.
+// How a shape looks: material, texture and texture transform, applied by the
+// shape before it draws its geometry. Render applies the material, then the
+// texture (which binds it).
 //
-// A shape brackets its geometry with the texture transform: it pushes the
-// GL texture matrix, calls the transform node's Render (which multiplies the
-// texture matrix and returns to model-view mode), draws, and pops.
+// Side effect: when the texture reports that it could not be loaded, the
+// material's diffuse colour is overwritten with the texture's fall-back
+// colour and the material applied again. The overwrite is permanent: the
+// material keeps that colour after the texture loads again, and every shape
+// sharing the material shows it.
+//
+// The texture transform is not applied here: the shape brackets its geometry
+// with the transform's PushMatrix, Apply and PopMatrix.
 #include "core/CVNode.h"
 #include "core/CVSFNode.h"
+#include "nodes/CVMaterial.h"
+#include "nodes/CVTexture.h"
+#include "nodes/CVTextureTransform.h"
 
 class CVAppearance : public CVNode {
     DECLARE_DYNAMIC(CVAppearance)
 public:
     CVAppearance() = default;
 
-    // The node that moves texture space for the shape's geometry, or null.
-    CVNode* GetTextureTransform() const { return textureTransform.GetValue(); }
+    void Render(CVState* state, CVGLRenderArea* area) override;
 
-    CVSFNode<CVNode> textureTransform;  // null
+    CVMaterial* GetMaterial() const { return material.GetValue(); }
+    CVTexture* GetTexture() const { return texture.GetValue(); }
+    CVTextureTransform* GetTextureTransform() const { return textureTransform.GetValue(); }
+
+    CVSFNode<CVMaterial> material;                  // null
+    CVSFNode<CVTexture> texture;                    // null
+    CVSFNode<CVTextureTransform> textureTransform;  // null
 };

@@ -4,10 +4,14 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <mutex>
+#include <new>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/CString.h"
+#include "platform/WinGL.h"
 
 namespace {
 
@@ -105,4 +109,110 @@ DWORD SearchPathW(LPCWSTR path, LPCWSTR fileName, LPCWSTR ext, DWORD bufferLengt
     buffer[full.size()] = 0;
     if (filePart) *filePart = buffer + full.rfind(L'/') + 1;
     return (DWORD)full.size();
+}
+
+// ---- Global memory.
+
+namespace {
+
+struct GlobalBlock {
+    BYTE* data;
+    SIZE_T size;
+    int locks;
+    int movable;
+};
+
+// Live blocks by handle. Heap-held so that it outlives static destructors of
+// hosts that free blocks late.
+struct GlobalTable {
+    std::mutex lock;
+    std::unordered_map<HGLOBAL, GlobalBlock> blocks;
+};
+
+GlobalTable& Globals() {
+    static GlobalTable* table = new GlobalTable;
+    return *table;
+}
+
+}  // namespace
+
+HGLOBAL GlobalAlloc(UINT flags, SIZE_T bytes) {
+    if (bytes == 0 || (flags & ~(UINT)(GMEM_MOVEABLE | GMEM_ZEROINIT))) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    BYTE* data = (flags & GMEM_ZEROINIT) ? new (std::nothrow) BYTE[bytes]() : new (std::nothrow) BYTE[bytes];
+    if (!data) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return nullptr;
+    }
+    GlobalBlock block{data, bytes, 0, (flags & GMEM_MOVEABLE) ? 1 : 0};
+    // A movable block's handle only has to be unique and distinct from any
+    // address handed out; one byte of its own does that.
+    HGLOBAL handle = data;
+    if (block.movable) {
+        handle = new (std::nothrow) BYTE;
+        if (!handle) {
+            delete[] data;
+            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+            return nullptr;
+        }
+    }
+    GlobalTable& t = Globals();
+    std::lock_guard<std::mutex> guard(t.lock);
+    t.blocks.emplace(handle, block);
+    return handle;
+}
+
+LPVOID GlobalLock(HGLOBAL mem) {
+    GlobalTable& t = Globals();
+    std::lock_guard<std::mutex> guard(t.lock);
+    auto it = t.blocks.find(mem);
+    if (it == t.blocks.end()) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return nullptr;
+    }
+    if (it->second.movable) ++it->second.locks;
+    return it->second.data;
+}
+
+BOOL GlobalUnlock(HGLOBAL mem) {
+    GlobalTable& t = Globals();
+    std::lock_guard<std::mutex> guard(t.lock);
+    auto it = t.blocks.find(mem);
+    if (it == t.blocks.end()) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    if (it->second.locks > 0) --it->second.locks;
+    return it->second.locks > 0;
+}
+
+HGLOBAL GlobalFree(HGLOBAL mem) {
+    GlobalBlock block;
+    {
+        GlobalTable& t = Globals();
+        std::lock_guard<std::mutex> guard(t.lock);
+        auto it = t.blocks.find(mem);
+        if (it == t.blocks.end()) {
+            SetLastError(ERROR_INVALID_HANDLE);
+            return mem;
+        }
+        block = it->second;
+        t.blocks.erase(it);
+    }
+    if (block.movable) delete static_cast<BYTE*>(mem);
+    delete[] block.data;
+    return nullptr;
+}
+
+SIZE_T GlobalSize(HGLOBAL mem) {
+    GlobalTable& t = Globals();
+    std::lock_guard<std::mutex> guard(t.lock);
+    auto it = t.blocks.find(mem);
+    if (it == t.blocks.end()) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return 0;
+    }
+    return it->second.size;
 }

@@ -18,3 +18,31 @@
 // is found or fileName is null or empty. filePart, when not null, receives
 // the start of the file's name inside buffer on success.
 DWORD SearchPathW(LPCWSTR path, LPCWSTR fileName, LPCWSTR ext, DWORD bufferLength, LPWSTR buffer, LPWSTR* filePart);
+
+// Global memory blocks: the container in which packed DIBs and other
+// clipboard-style data travel between a host and the library. A handle names
+// one block until GlobalFree; null, unknown and freed handles make every call
+// fail without touching memory. A fixed block's handle is its address;
+// a movable block's handle is not, and GlobalLock gives the address. The
+// handle table is guarded, the blocks are not.
+typedef void* HANDLE;
+typedef HANDLE HGLOBAL;
+typedef size_t SIZE_T;
+
+#define GMEM_FIXED 0x0000
+#define GMEM_MOVEABLE 0x0002
+#define GMEM_ZEROINIT 0x0040
+#define GHND (GMEM_MOVEABLE | GMEM_ZEROINIT)
+#define GPTR (GMEM_FIXED | GMEM_ZEROINIT)
+
+// Null for zero bytes, unknown flags or when memory runs out.
+HGLOBAL GlobalAlloc(UINT flags, SIZE_T bytes);
+// The block's first byte; counts a lock on movable blocks. Null for a bad handle.
+LPVOID GlobalLock(HGLOBAL mem);
+// Drops one lock: TRUE while locks remain, FALSE otherwise (and for fixed
+// blocks, which are never locked).
+BOOL GlobalUnlock(HGLOBAL mem);
+// Null on success; the handle itself when it names no live block.
+HGLOBAL GlobalFree(HGLOBAL mem);
+// Bytes in the block; 0 for a bad handle.
+SIZE_T GlobalSize(HGLOBAL mem);

@@ -11,7 +11,9 @@
 #include "platform/WinGL.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
+#include <vector>
 
 namespace {
 uintptr_t H(const void* h) { return reinterpret_cast<uintptr_t>(h); }
@@ -200,6 +202,90 @@ UINT GetDIBColorTable(HDC hdc, UINT start, UINT count, RGBQUAD* colors) {
     CVGdiBitmap* bmp = DrawTarget(hdc, dc);
     if (!bmp || !bmp->IsDIBSection()) return 0;
     return bmp->GetColorTable(start, count, colors);
+}
+
+int GetDIBits(HDC hdc, HBITMAP bitmap, UINT start, UINT lines, void* bits, BITMAPINFO* info, UINT usage) {
+    CVGdiBitmap* src = Lookup<CVGdiBitmap>(bitmap);
+    if (!src || !info || usage != DIB_RGB_COLORS || info->bmiHeader.biSize < sizeof(BITMAPINFOHEADER)) {
+        if (src) SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    CVGdiDC* dc = nullptr;
+    if (hdc && !(dc = Lookup<CVGdiDC>(hdc))) return 0;
+    BITMAPINFOHEADER& h = info->bmiHeader;
+    const int width = src->GetWidth(), height = src->GetHeight();
+
+    if (h.biBitCount == 0) {
+        DIBSECTION ds{};
+        const bool section = src->IsDIBSection() && src->GetObjectInfo(sizeof ds, &ds) == (int)sizeof ds;
+        h.biWidth = width;
+        h.biHeight = height;
+        h.biPlanes = 1;
+        h.biBitCount = (WORD)src->GetBitsPixel();
+        h.biCompression = BI_RGB;
+        if (h.biBitCount == 16 && (!section || ds.dsBitfields[1] != 0x03E0)) h.biCompression = BI_BITFIELDS;
+        if (h.biBitCount == 32 && section && ds.dsBitfields[0] != 0x00FF0000) h.biCompression = BI_BITFIELDS;
+        h.biSizeImage = (DWORD)((width * h.biBitCount + 31) / 32 * 4) * (DWORD)height;
+        h.biClrUsed = h.biClrImportant = 0;
+        return 1;
+    }
+
+    const int bpp = h.biBitCount;
+    if (h.biWidth != width || (h.biHeight != height && h.biHeight != -height)) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    // The result is made as a DIB section of the caller's format, table included.
+    const UINT tableSize = bpp <= 8 ? (1u << bpp) : 0;
+    std::vector<BYTE> desc(sizeof(BITMAPINFOHEADER) + 256 * sizeof(RGBQUAD));
+    BITMAPINFOHEADER head = h;
+    head.biSize = sizeof(BITMAPINFOHEADER);
+    head.biClrUsed = 0;
+    std::memcpy(desc.data(), &head, sizeof head);
+    BYTE* table = desc.data() + sizeof head;
+    if (h.biCompression == BI_BITFIELDS) std::memcpy(table, reinterpret_cast<BYTE*>(info) + h.biSize, 12);
+    if (tableSize) {
+        std::vector<RGBQUAD> colors(tableSize, RGBQUAD{0, 0, 0, 0});
+        if (src->GetBitsPixel() == bpp) {
+            src->GetColorTable(0, tableSize, colors.data());
+        } else if (bpp == 1) {
+            colors[1] = RGBQUAD{255, 255, 255, 0};
+        } else {
+            uintptr_t pal = dc ? dc->GetPalette() : CVGdiPalette::GetDefault();
+            std::vector<PALETTEENTRY> entries(tableSize);
+            UINT n = 0;
+            if (CVGdiPalette* p = CVGdiHandleTable::FindAs<CVGdiPalette>(pal)) n = p->GetEntries(0, tableSize, entries.data());
+            for (UINT i = 0; i < n; ++i)
+                colors[i] = RGBQUAD{entries[i].peBlue, entries[i].peGreen, entries[i].peRed, 0};
+        }
+        std::memcpy(table, colors.data(), tableSize * sizeof(RGBQUAD));
+    }
+    std::unique_ptr<CVGdiBitmap> dst =
+        CVGdiBitmap::CreateDIBSection(reinterpret_cast<const BITMAPINFO*>(desc.data()), DIB_RGB_COLORS, nullptr);
+    if (!dst) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    if (tableSize) dst->GetColorTable(0, tableSize, reinterpret_cast<RGBQUAD*>(reinterpret_cast<BYTE*>(info) + h.biSize));
+    h.biSizeImage = (DWORD)dst->GetStride() * (DWORD)height;
+    if (!bits) return 1;
+
+    if (CVGdiDC* owner = CVGdiHandleTable::FindAs<CVGdiDC>(src->GetSelectedDC()))
+        owner->PrepareRead(RECT{0, 0, width, height});
+    if (start >= (UINT)height) return 0;
+    const UINT n = std::min<UINT>(lines, (UINT)height - start);
+    const bool same = dst->HasSameEncoding(*src);
+    std::vector<uint32_t> row(width);
+    for (UINT m = start; m < start + n; ++m) {
+        const int y = dst->IsTopDown() ? (int)m : height - 1 - (int)m;
+        src->ReadRow(0, y, width, row.data());
+        if (!same)
+            for (uint32_t& v : row) v = dst->NativeFromColor(src->ColorFromNative(v));
+        dst->WriteRow(0, y, width, row.data());
+    }
+    const size_t stride = (size_t)dst->GetStride();
+    std::memcpy(bits, dst->GetBits() + start * stride, n * stride);
+    return (int)n;
 }
 
 HBRUSH CreateSolidBrush(COLORREF color) {

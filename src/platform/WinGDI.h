@@ -169,6 +169,21 @@ int GetObjectW(HGDIOBJ obj, int size, void* out);
 BOOL DeleteObject(HGDIOBJ obj);
 UINT SetDIBColorTable(HDC hdc, UINT start, UINT count, const RGBQUAD* colors);
 UINT GetDIBColorTable(HDC hdc, UINT start, UINT count, RGBQUAD* colors);
+// Copies a bitmap's pixels into a DIB of the format info's header gives: 1,
+// 4, 8, 16, 24 or 32 bits, BI_RGB or BI_BITFIELDS (masks after the header),
+// top-down rows for a negative height; biWidth and |biHeight| must be the
+// bitmap's. Colours convert to the nearest the DIB holds; a 32-bit copy of a
+// 32-bit bitmap keeps the reserved byte. An indexed DIB gets its colour table
+// written after the header (the caller leaves room for it): the bitmap's own
+// table when it is indexed at that depth, black and white for 1 bit, else the
+// entries of the palette selected into hdc (null hdc: the default palette),
+// black beyond them. Rows start .. start + lines - 1 are counted in the DIB's
+// row order, clipped to the bitmap. With bits null only the table is written.
+// A biBitCount of 0 fills in the header from the bitmap instead (size, bit
+// count, compression, image size) and writes nothing after it. A bitmap
+// selected into a DC with a GL context is read as GL last drew it. Returns the
+// rows copied (nonzero when bits is null), 0 on failure; DIB_RGB_COLORS only.
+int GetDIBits(HDC hdc, HBITMAP bitmap, UINT start, UINT lines, void* bits, BITMAPINFO* info, UINT usage);
 
 // Brushes and fills.
 HBRUSH CreateSolidBrush(COLORREF color);

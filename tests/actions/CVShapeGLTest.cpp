@@ -40,16 +40,6 @@ public:
     int renders = 0;
 };
 
-// Moves texture space as a texture transform does.
-class ShiftTexture : public CVNode {
-public:
-    void Render(CVState*, CVGLRenderArea*) override {
-        glMatrixMode(GL_TEXTURE);
-        glTranslatef(2.0f, 3.0f, 0.0f);
-        glMatrixMode(GL_MODELVIEW);
-    }
-};
-
 enum GeometryKind { Plain, Text, LineSet };
 
 TestGeometry* MakeGeometry(GeometryKind kind) {
@@ -122,7 +112,9 @@ TEST_F(CVShapeGLTest, AppearanceIsAppliedAndHandedToTheGeometry) {
 TEST_F(CVShapeGLTest, TextureTransformBracketsOnlyTheGeometry) {
     TestGeometry* g = Use(Plain);
     auto* app = new ColorAppearance;
-    app->textureTransform.SetValue(new ShiftTexture);
+    auto* shift = new CVTextureTransform;
+    shift->translation.SetValue(2.0f, 3.0f);
+    app->textureTransform.SetValue(shift);
     shape->appearance.SetValue(app);
     const GLint depth = GetInt(GL_TEXTURE_STACK_DEPTH);
     Draw(1);

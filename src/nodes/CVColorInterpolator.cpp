@@ -1,0 +1,3 @@
+#include "nodes/CVColorInterpolator.h"
+
+IMPLEMENT_DYNAMIC(CVColorInterpolator, CVChild)

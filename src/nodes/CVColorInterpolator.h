@@ -1,0 +1,15 @@
+#pragma once
+// Key-frame colours held for the host: key[i] is the fraction at which
+// keyValue[i] applies. Nothing is drawn or interpolated here.
+#include "core/CVChild.h"
+#include "core/CVMFColor.h"
+#include "core/CVMFFloat.h"
+
+class CVColorInterpolator : public CVChild {
+    DECLARE_DYNAMIC(CVColorInterpolator)
+public:
+    CVColorInterpolator() = default;
+
+    CVMFFloat key;       // empty
+    CVMFColor keyValue;  // empty
+};

@@ -1,0 +1,3 @@
+#include "nodes/CVCoordinateInterpolator.h"
+
+IMPLEMENT_DYNAMIC(CVCoordinateInterpolator, CVChild)

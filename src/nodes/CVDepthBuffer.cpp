@@ -1,0 +1,35 @@
+#include "nodes/CVDepthBuffer.h"
+
+#include <GL/gl.h>
+
+#include "actions/CVAction.h"
+#include "actions/CVState.h"
+#include "render/CVGLRenderArea.h"
+
+IMPLEMENT_DYNAMIC(CVDepthBuffer, CVGroup)
+
+namespace {
+
+const int kScenePass = 1;
+
+}  // namespace
+
+CVDepthBuffer::CVDepthBuffer(CVDepthBufferWhen when) : m_eWhen(when) {}
+
+void CVDepthBuffer::Traverse(CVAction* action, const CArray<CVNode*, CVNode*>* path, int index) {
+    if (deferAsAnnotation.GetValue() && action->GetState()->m_nRenderPass == kScenePass) {
+        // PreActOn's Render records the group; no state push, no children.
+        action->PreActOn(this);
+        return;
+    }
+    CVGroup::Traverse(action, path, index);
+}
+
+void CVDepthBuffer::Render(CVState* state, CVGLRenderArea* area) {
+    if (deferAsAnnotation.GetValue() && state && state->m_nRenderPass == kScenePass) {
+        if (area) area->AddToAnnotationNodeList(this, state);
+        return;
+    }
+    if (depthTest.GetValue()) glEnable(GL_DEPTH_TEST);
+    else glDisable(GL_DEPTH_TEST);
+}

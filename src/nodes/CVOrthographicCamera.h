@@ -1,0 +1,14 @@
+#pragma once
+// A camera with a parallel projection: a view volume height (times the world
+// inflation factor) high and height * aspect wide, centred on the view axis.
+#include "nodes/CVCamera.h"
+
+class CVOrthographicCamera : public CVCamera {
+    DECLARE_DYNAMIC(CVOrthographicCamera)
+public:
+    CVOrthographicCamera();
+
+    void SetProjection(float aspect) override;
+
+    CVSFFloat height;  // 2.0
+};

@@ -1,0 +1,3 @@
+#include "nodes/CVTextureCoordinate.h"
+
+IMPLEMENT_DYNAMIC(CVTextureCoordinate, CVNode)

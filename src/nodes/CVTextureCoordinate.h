@@ -1,0 +1,12 @@
+#pragma once
+// Per-vertex texture coordinates that indexed geometry reads. Draws nothing.
+#include "core/CVMFVec2f.h"
+#include "core/CVNode.h"
+
+class CVTextureCoordinate : public CVNode {
+    DECLARE_DYNAMIC(CVTextureCoordinate)
+public:
+    CVTextureCoordinate() = default;
+
+    CVMFVec2f point;  // empty
+};
