@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "actions/CVGLAction.h"
@@ -123,6 +124,36 @@ protected:
         glPopMatrix();
         glMatrixMode(GL_MODELVIEW);
         return hits;
+    }
+
+    // Primitives that reach the rasteriser while draw runs, from GL feedback
+    // (polygons may arrive split into triangles).
+    struct Feedback {
+        int points = 0, lines = 0, polygons = 0;
+    };
+    static Feedback Collect(const std::function<void()>& draw) {
+        std::vector<GLfloat> buffer(1 << 16);
+        glFeedbackBuffer((GLsizei)buffer.size(), GL_2D, buffer.data());
+        glRenderMode(GL_FEEDBACK);
+        draw();
+        const int n = glRenderMode(GL_RENDER);
+        Feedback f;
+        for (int i = 0; i < n;) {
+            const int token = (int)buffer[(size_t)i];
+            if (token == GL_POINT_TOKEN) {
+                ++f.points;
+                i += 3;
+            } else if (token == GL_LINE_TOKEN || token == GL_LINE_RESET_TOKEN) {
+                ++f.lines;
+                i += 5;
+            } else if (token == GL_POLYGON_TOKEN) {
+                ++f.polygons;
+                i += 2 + 2 * (int)buffer[(size_t)i + 1];
+            } else {
+                ++i;  // pass-through and bitmap tokens do not occur here
+            }
+        }
+        return f;
     }
 
     // A white light shining along -z from the viewer, no ambient light.
