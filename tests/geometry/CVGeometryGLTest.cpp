@@ -75,6 +75,8 @@ struct PrimitiveCase {
     double pickX = 32.0;  // window x of a point on the drawing, at y = 32
 };
 
+void PrintTo(const PrimitiveCase& c, std::ostream* os) { *os << c.name; }
+
 // Every primitive is about one unit across at the origin.
 const PrimitiveCase kPrimitives[] = {
     {"Box", [] { auto* g = new CVBox; g->size.SetValue(1, 1, 1); return g; }},
