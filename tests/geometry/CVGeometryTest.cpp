@@ -189,7 +189,7 @@ struct BoxCase {
 
 class CVGeometryBoundsTest : public ::testing::TestWithParam<BoxCase> {};
 
-TEST_P(CVGeometryBoundsTest, CentredWithTheDescribedSize) {
+TEST_P(CVGeometryBoundsTest, CentredWithTheSizeOfItsKind) {
     CVGeometry* g = GetParam().make();
     g->Ref();
     CVBox3f box;
