@@ -1,6 +1,13 @@
 #include "geometry/CVGeometry.h"
 
+#include <GL/gl.h>
+
 #include <cstring>
+
+#include "actions/CVState.h"
+#include "math/CVVector.h"
+#include "nodes/CVAppearance.h"
+#include "render/CVGLRenderArea.h"
 
 IMPLEMENT_DYNAMIC(CVGeometry, CVNode)
 
@@ -25,3 +32,50 @@ int CVGeometry::IsLineGeometry() const {
         if (std::strcmp(c->m_lpszClassName, "CVIndexedLineSet") == 0) return 1;
     return 0;
 }
+
+void CVGeometry::PreRenderGL(CVState*, CVGLRenderArea* area, CVAppearance* appearance) {
+    glPushAttrib(GL_ENABLE_BIT);
+    if (appearance && appearance->GetTexture() && area && area->IsTexturingEnabled()) glEnable(GL_TEXTURE_2D);
+    if (IsStippled() && area) area->SetStipplePattern(GetStippleIndex());
+}
+
+void CVGeometry::PostRenderGL(CVState*, CVGLRenderArea*, CVAppearance*) { glPopAttrib(); }
+
+void CVGeometry::ComputeArea(const CArray<Point3fStruct>& points, Point3fStruct& area) {
+    area = Point3fStruct{0.0f, 0.0f, 0.0f};
+    const INT_PTR m = points.GetSize() - 2;
+    for (INT_PTR i = 0; i < m; ++i) {
+        const Point3fStruct& p = points[i];
+        const Point3fStruct& q = points[i + 1 < m ? i + 1 : 0];
+        area.x += (q.z - p.z) * 0.5f * (q.y + p.y);
+        area.y += (q.x - p.x) * 0.5f * (q.z + p.z);
+        area.z += (q.x - p.x) * 0.5f * (q.y + p.y);
+    }
+    area.z = -area.z;
+}
+
+void CVGeometry::ComputeNormal(const CArray<Point3fStruct>& points, int counterClockwise, CVVector& normal) {
+    const INT_PTR n = points.GetSize();
+    if (n < 3) {
+        normal.SetValue(0.0f, 0.0f, 0.0f);
+    } else if (n == 3) {
+        const CVVector p0(points[0]), p1(points[1]), p2(points[2]);
+        normal = (p1 - p0) * (p2 - p1);
+    } else if (n == 4) {
+        const CVVector p0(points[0]), p1(points[1]), p2(points[2]), p3(points[3]);
+        normal = (p2 - p0) * (p3 - p1);
+    } else {
+        Point3fStruct area;
+        ComputeArea(points, area);
+        normal.SetValue(area);
+    }
+    if (!counterClockwise) normal *= -1.0f;
+}
+
+int CVGeometry::UsesTiledTexture(const CVAppearance* appearance) const {
+    if (IsVRMLCompliant() || !appearance) return 0;
+    const CVTexture* texture = appearance->GetTexture();
+    return texture && texture->IsTiled() ? 1 : 0;
+}
+
+int CVGeometry::IsPicking(const CVState* state) { return state && state->m_bRecordPath ? 1 : 0; }

@@ -8,8 +8,11 @@
 // 0x800, Stippled 0x1000, PartialSelection 0x20000, PostJitter 0x40000.
 // Queries return the masked bit, not 0/1 (IsVRMLCompliant excepted).
 #include "core/CVNode.h"
+#include "math/CVStructs.h"
+#include "platform/CArray.h"
 
 class CVAppearance;
+class CVVector;
 
 class CVGeometry : public CVNode {
     DECLARE_DYNAMIC(CVGeometry)
@@ -84,6 +87,34 @@ public:
 
     // True for line-set geometry, which shapes and the image map treat as lines.
     int IsLineGeometry() const;
+
+    // Polygon normal, not normalised: the zero vector below 3 points; for 3
+    // points (p1 - p0) x (p2 - p1); for 4 the cross product of the diagonals
+    // (p2 - p0) x (p3 - p1); from 5 on ComputeArea. Negated when
+    // counterClockwise is 0.
+    static void ComputeNormal(const CArray<Point3fStruct>& points, int counterClockwise, CVVector& normal);
+
+protected:
+    // The bracket around every geometry's drawing. PreRenderGL pushes the
+    // enable bits, enables 2-D texturing when the appearance holds a texture
+    // and the area allows texturing, and for a stippled geometry loads the
+    // stipple pattern of its index. PostRenderGL pops the enable bits and
+    // nothing else: a polygon mode changed in between stays changed.
+    void PreRenderGL(CVState* state, CVGLRenderArea* area, CVAppearance* appearance);
+    void PostRenderGL(CVState* state, CVGLRenderArea* area, CVAppearance* appearance);
+
+    // Projected areas (half of Newell's normal) of the polygon through the
+    // first count - 2 points; the last two points are not used. Zero below
+    // three points.
+    static void ComputeArea(const CArray<Point3fStruct>& points, Point3fStruct& area);
+
+    // The texture wants tiling: not VRML-compliant, with an appearance whose
+    // texture is tiled. Box, cylinder and the column markers then stretch
+    // their side texture coordinates by the height-to-width ratio.
+    int UsesTiledTexture(const CVAppearance* appearance) const;
+
+    // The identification walk is on (pick, image map, search): draw bare geometry.
+    static int IsPicking(const CVState* state);
 
 private:
     int Set(unsigned int bit, int on) {

@@ -1,0 +1,3 @@
+#include "geometry/CVBoxDetail.h"
+
+IMPLEMENT_DYNAMIC(CVBoxDetail, CVDetail)

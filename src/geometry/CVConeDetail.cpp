@@ -1,0 +1,3 @@
+#include "geometry/CVConeDetail.h"
+
+IMPLEMENT_DYNAMIC(CVConeDetail, CVDetail)

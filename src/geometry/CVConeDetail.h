@@ -1,0 +1,18 @@
+#pragma once
+// Pick detail of a cone: the cone that was hit (borrowed) and the part.
+#include "geometry/CVDetail.h"
+#include "geometry/CVCone.h"
+
+class CVConeDetail : public CVDetail {
+    DECLARE_DYNAMIC(CVConeDetail)
+public:
+    explicit CVConeDetail(CVCone* geometry) : m_pGeometry(geometry) {}
+
+    CVCone* GetGeometry() const { return m_pGeometry; }
+    int SetPart(CVCone::Part part) { m_ePart = part; return 1; }
+    CVCone::Part GetPart() const { return m_ePart; }
+
+private:
+    CVCone* m_pGeometry;
+    CVCone::Part m_ePart = CVCone::Part(0);
+};

@@ -1,0 +1,3 @@
+#include "geometry/CVCylinderDetail.h"
+
+IMPLEMENT_DYNAMIC(CVCylinderDetail, CVDetail)

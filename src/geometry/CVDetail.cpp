@@ -1,0 +1,3 @@
+#include "geometry/CVDetail.h"
+
+IMPLEMENT_DYNAMIC(CVDetail, CVBase)

@@ -1,0 +1,22 @@
+#pragma once
+// A triangular prism marker: the triangle (0.5, -0.5) (0, 0.5) (-0.5, -0.5)
+// in the x-z plane, its point at +z, extruded into a column of unit height
+// along y and scaled by `size`. With the Marker flag the column is turned to
+// face the viewer. A negative size.x draws the negated size as lines (the
+// polygon mode stays GL_LINE). Not VRML-compliant with a tiled texture, the
+// sides stretch the texture by size.y / size.x. Drawn from static tables every
+// time; no pick detail. The constructor sets the Antialiased flag.
+#include "core/CVSFVec3f.h"
+#include "geometry/CVGeometry.h"
+
+class CVPrism : public CVGeometry {
+    DECLARE_DYNAMIC(CVPrism)
+public:
+    CVPrism();
+
+    void Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearance) override;
+    // Centre 0, size as it is.
+    void ComputeBoundingBox(CVState* state, CVGLRenderArea* area, CVBox3f* box) override;
+
+    CVSFVec3f size;  // 2 2 2
+};

@@ -1,0 +1,12 @@
+#pragma once
+// An X marker: the cross turned by 45 degrees about z. Fields and bounding box
+// are the cross's.
+#include "markers/CVCross.h"
+
+class CVXShape : public CVCross {
+    DECLARE_DYNAMIC(CVXShape)
+public:
+    CVXShape() = default;
+
+    void Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearance) override;
+};

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include <GL/gl.h>
+
+#include "markers/CVCross.h"
+#include "markers/CVHexagon.h"
+#include "markers/CVMarkerColumn.h"
+#include "markers/CVPrism.h"
+#include "markers/CVStar.h"
+#include "nodes/CVAppearance.h"
+#include "nodes/CVTexture.h"
+#include "support/CVGeometryTestSupport.h"
+
+namespace {
+
+using CVMarkerColumnGLTest = cvtest::GeometryFixture;
+
+TEST(CVMarkerColumnTest, QuadsOfACounterClockwiseOutlineFaceOutwards) {
+    const Point2fStruct square[4] = {{-0.5f, -0.5f}, {0.5f, -0.5f}, {0.5f, 0.5f}, {-0.5f, 0.5f}};
+    CVMarkerColumn column(square, 4, CVMarkerColumn::AlongY, 0);
+    ASSERT_EQ(column.GetQuadCount(), 4);
+    // The edge along z = -0.5 faces -z; the one along x = 0.5 faces +x.
+    EXPECT_EQ(column.GetSideNormal(0)[2], -1.0f);
+    EXPECT_EQ(column.GetSideNormal(1)[0], 1.0f);
+    // Top edge first, at y = +0.5, then down.
+    EXPECT_EQ(column.GetSideVertex(0)[1], 0.5f);
+    EXPECT_EQ(column.GetSideVertex(2)[1], -0.5f);
+    CVMarkerColumn unit(square, 4, CVMarkerColumn::AlongZ, 1);
+    EXPECT_FLOAT_EQ(unit.GetSideNormal(0)[1], 1.0f);  // counter-clockwise in x-y faces inwards
+}
+
+TEST_F(CVMarkerColumnGLTest, PickingDrawsNoNormalsOrTextureCoordinates) {
+    CVState picking;
+    picking.m_bRecordPath = 1;
+    CVGeometry* shapes[] = {Make<CVStar>(), Make<CVHexagon>(), Make<CVPrism>(), Make<CVCross>()};
+    for (CVGeometry* g : shapes) {
+        glNormal3f(0.25f, 0.5f, 0.75f);
+        glTexCoord2f(0.125f, 0.375f);
+        g->Render(&picking, area, nullptr);
+        GLfloat n[3], t[4];
+        glGetFloatv(GL_CURRENT_NORMAL, n);
+        glGetFloatv(GL_CURRENT_TEXTURE_COORDS, t);
+        EXPECT_EQ(n[2], 0.75f) << g->GetRuntimeClass()->m_lpszClassName;
+        EXPECT_EQ(t[0], 0.125f) << g->GetRuntimeClass()->m_lpszClassName;
+    }
+}
+
+// Lying flat, the hexagon shows its +z wall square on and the slanted walls
+// at cos(63.4 deg).
+TEST_F(CVMarkerColumnGLTest, SideWallsCarryTheirStoredNormals) {
+    auto* hexagon = Make<CVHexagon>();
+    hexagon->size.SetValue(1, 1, 1);
+    LightFromViewer();
+    Draw(hexagon);
+    EXPECT_GE(Red(32, 32), 250);
+    EXPECT_NEAR(Red(Px(0.4f), 32), 114, 6);
+}
+
+// A texture red below t = 0.5 and green above, on the flat hexagon's +z wall.
+TEST_F(CVMarkerColumnGLTest, TiledTextureStretchesTheSides) {
+    GLuint texture = 0;
+    glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    const GLubyte texels[2][4] = {{255, 0, 0, 255}, {0, 255, 0, 255}};
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 1, 2, 0, GL_RGBA, GL_UNSIGNED_BYTE, texels);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    auto* appearance = Make<CVAppearance>();
+    auto* tiles = new CVTexture;
+    tiles->SetTiled(1);
+    appearance->texture.SetValue(tiles);
+    auto* hexagon = Make<CVHexagon>();
+    hexagon->size.SetValue(1, 2, 1);
+
+    Draw(hexagon, appearance);
+    EXPECT_EQ(Pixel(32, Px(-0.4f)), 0xFF0000u);
+    hexagon->SetVRMLCompliantFlag(0);
+    Draw(hexagon, appearance);
+    EXPECT_EQ(Pixel(32, Px(-0.4f)), 0x00FF00u);
+    GLint depth = 0;
+    glGetIntegerv(GL_TEXTURE_STACK_DEPTH, &depth);
+    EXPECT_EQ(depth, 1);
+    glDeleteTextures(1, &texture);
+}
+
+}  // namespace

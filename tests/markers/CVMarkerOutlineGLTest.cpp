@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+
+#include <GL/gl.h>
+
+#include "markers/CVFlag.h"
+#include "markers/CVHeart.h"
+#include "markers/CVMarkerOutline.h"
+#include "support/CVGeometryTestSupport.h"
+
+namespace {
+
+using CVMarkerOutlineGLTest = cvtest::GeometryFixture;
+
+TEST(CVMarkerOutlineTest, TopCopyRunsBackwards) {
+    const Point2fStruct square[5] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}, {0, 0}};
+    CVMarkerOutline outline(square, 5);
+    for (int k = 0; k < 5; ++k) {
+        const GLfloat* bottom = outline.GetVertex(k);
+        const GLfloat* top = outline.GetVertex(2 * 5 - 1 - k);
+        EXPECT_EQ(bottom[1], -0.5f);
+        EXPECT_EQ(top[1], 0.5f);
+        EXPECT_EQ(top[0], square[k].x);
+        EXPECT_EQ(top[2], square[k].y);
+        EXPECT_EQ(bottom[2], square[k].y);
+    }
+}
+
+TEST_F(CVMarkerOutlineGLTest, PickingDrawsNoNormals) {
+    auto* heart = Make<CVHeart>();
+    CVState picking;
+    picking.m_bRecordPath = 1;
+    glNormal3f(0.25f, 0.5f, 0.75f);
+    heart->Render(&picking, area, nullptr);
+    GLfloat n[3];
+    glGetFloatv(GL_CURRENT_NORMAL, n);
+    EXPECT_EQ(n[0], 0.25f);
+    EXPECT_EQ(n[1], 0.5f);
+    EXPECT_EQ(n[2], 0.75f);
+    Draw(heart);
+    glGetFloatv(GL_CURRENT_NORMAL, n);
+    EXPECT_EQ(n[1], 1.0f);  // the top cap's, last drawn
+}
+
+// Lying flat, the flag shows the viewer the side wall from its tip back to
+// the staff; lit from the front it catches cos(atan(0.5)) of the light.
+TEST_F(CVMarkerOutlineGLTest, SideWallsFaceOutwards) {
+    auto* flag = Make<CVFlag>();
+    flag->size.SetValue(1, 1, 1);
+    LightFromViewer();
+    Draw(flag);
+    const int px = Px(0.3f);
+    EXPECT_NEAR(Red(px, 32), 228, 6);
+    const float x = (px + 0.5f) / 16.0f - 2.0f;  // the pixel centre, on the wall z = 0.3 - x / 2
+    EXPECT_NEAR(Depth(px, 32), 0.5f - (0.3f - 0.5f * x) / 20.0f, 1e-4f);
+    EXPECT_EQ(Pixel(Px(-0.1f), Px(0.0f)), 0u);
+}
+
+}  // namespace
