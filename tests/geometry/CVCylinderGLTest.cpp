@@ -114,15 +114,4 @@ TEST_F(CVCylinderGLTest, PartialSelectionFillsTheSideUpToThePercent) {
     EXPECT_EQ(FrontPolygonMode(), GL_LINE);  // the fill level's outline leaves it so
 }
 
-TEST_F(CVCylinderGLTest, NoPartialSelectionWithoutASide) {
-    CVCylinder* c = MakeCylinder(0.5f, 1.0f);
-    c->side.SetValue(0);
-    area->SetSelectionColor(RGBColorStruct{1.0f, 0.0f, 0.0f});
-    c->SetStippledFlag(1);
-    c->SetPartialSelectionFlag(1);
-    c->SetStipplePercent(50);
-    Draw(c);
-    EXPECT_EQ(FrontPolygonMode(), GL_FILL);
-}
-
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include "markers/CVCross.h"
 #include "markers/CVHexagon.h"
-#include "markers/CVMarkerColumn.h"
 #include "markers/CVPrism.h"
 #include "markers/CVStar.h"
 #include "nodes/CVAppearance.h"
@@ -14,20 +13,6 @@
 namespace {
 
 using CVMarkerColumnGLTest = cvtest::GeometryFixture;
-
-TEST(CVMarkerColumnTest, QuadsOfACounterClockwiseOutlineFaceOutwards) {
-    const Point2fStruct square[4] = {{-0.5f, -0.5f}, {0.5f, -0.5f}, {0.5f, 0.5f}, {-0.5f, 0.5f}};
-    CVMarkerColumn column(square, 4, CVMarkerColumn::AlongY, 0);
-    ASSERT_EQ(column.GetQuadCount(), 4);
-    // The edge along z = -0.5 faces -z; the one along x = 0.5 faces +x.
-    EXPECT_EQ(column.GetSideNormal(0)[2], -1.0f);
-    EXPECT_EQ(column.GetSideNormal(1)[0], 1.0f);
-    // Top edge first, at y = +0.5, then down.
-    EXPECT_EQ(column.GetSideVertex(0)[1], 0.5f);
-    EXPECT_EQ(column.GetSideVertex(2)[1], -0.5f);
-    CVMarkerColumn unit(square, 4, CVMarkerColumn::AlongZ, 1);
-    EXPECT_FLOAT_EQ(unit.GetSideNormal(0)[1], 1.0f);  // counter-clockwise in x-y faces inwards
-}
 
 TEST_F(CVMarkerColumnGLTest, PickingDrawsNoNormalsOrTextureCoordinates) {
     CVState picking;

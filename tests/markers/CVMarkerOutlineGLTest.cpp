@@ -4,26 +4,11 @@
 
 #include "markers/CVFlag.h"
 #include "markers/CVHeart.h"
-#include "markers/CVMarkerOutline.h"
 #include "support/CVGeometryTestSupport.h"
 
 namespace {
 
 using CVMarkerOutlineGLTest = cvtest::GeometryFixture;
-
-TEST(CVMarkerOutlineTest, TopCopyRunsBackwards) {
-    const Point2fStruct square[5] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}, {0, 0}};
-    CVMarkerOutline outline(square, 5);
-    for (int k = 0; k < 5; ++k) {
-        const GLfloat* bottom = outline.GetVertex(k);
-        const GLfloat* top = outline.GetVertex(2 * 5 - 1 - k);
-        EXPECT_EQ(bottom[1], -0.5f);
-        EXPECT_EQ(top[1], 0.5f);
-        EXPECT_EQ(top[0], square[k].x);
-        EXPECT_EQ(top[2], square[k].y);
-        EXPECT_EQ(bottom[2], square[k].y);
-    }
-}
 
 TEST_F(CVMarkerOutlineGLTest, PickingDrawsNoNormals) {
     auto* heart = Make<CVHeart>();

@@ -84,19 +84,6 @@ TEST_P(CVMarkerTransformGLTest, MarkerFacesTheViewer) {
     EXPECT_FALSE(glIsEnabled(GL_TEXTURE_COORD_ARRAY));
 }
 
-TEST_P(CVMarkerTransformGLTest, SizeScalesTheDrawing) {
-    const MarkerCase& c = GetParam();
-    Draw(MakeMarker(1, 1, 1));
-    const cvtest::PixelBounds unit = LitBounds();
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    Draw(MakeMarker(2, 2, 2));
-    const cvtest::PixelBounds twice = LitBounds();
-    // Widths in whole pixels: each edge may round either way.
-    EXPECT_NEAR(twice.x1 - twice.x0 + 1, 2 * (unit.x1 - unit.x0 + 1), 2);
-    EXPECT_NEAR(twice.y1 - twice.y0 + 1, 2 * (unit.y1 - unit.y0 + 1), 2);
-    EXPECT_TRUE(Lit(2 * c.x, 2 * c.y));
-}
-
 TEST_P(CVMarkerTransformGLTest, NegativeSizeDrawsTheNegatedShapeAsLines) {
     Draw(MakeMarker(1, 1, 1));
     const cvtest::PixelBounds solid = LitBounds();

@@ -75,15 +75,4 @@ TEST_F(CVSelectSafeListGLTest, MixedBlocksReplayInSelectionMode) {
     EXPECT_EQ(PickCentre(), 1);
 }
 
-TEST_F(CVSelectSafeListGLTest, EachBlockStartsWithItsNormal) {
-    CompileMixedBlocks(GL_COMPILE);
-    glNormal3f(1.0f, 0.0f, 0.0f);
-    glCallList(m_nList);
-    GLfloat n[3];
-    glGetFloatv(GL_CURRENT_NORMAL, n);
-    EXPECT_EQ(n[0], 0.0f);
-    EXPECT_EQ(n[1], -1.0f);
-    EXPECT_EQ(n[2], 0.0f);
-}
-
 }  // namespace
