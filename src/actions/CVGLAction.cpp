@@ -1,4 +1,5 @@
 #include "actions/CVGLAction.h"
+#include "render/CVAttribStack.h"
 
 #include <GL/gl.h>
 
@@ -25,12 +26,12 @@ CVGLAction::~CVGLAction() {
 }
 
 void CVGLAction::PushState() {
-    glPushAttrib(kStateAttribs);
+    CVAttribStack::Push(kStateAttribs);
     if (m_pState->m_bRecordPath) ++m_pState->m_nDepth;
 }
 
 void CVGLAction::PopState() {
-    glPopAttrib();
+    CVAttribStack::Pop();
     if (m_pState->m_bRecordPath) --m_pState->m_nDepth;
 }
 

@@ -1,4 +1,5 @@
 #include "actions/CVRenderAction.h"
+#include "render/CVAttribStack.h"
 
 #include <GL/gl.h>
 
@@ -446,7 +447,7 @@ void CVRenderAction::RenderTransparentNodes() {
     CVGLRenderArea* area = m_pRenderArea;
     if (area->GetTransparentNodeListSize() == 0) return;
     m_pState->m_nRenderPass = 2;
-    glPushAttrib(kReplayAttribs);
+    CVAttribStack::Push(kReplayAttribs);
     PushProjection();
     glLoadMatrixd(area->GetProjectionMatrix());
     glMatrixMode(GL_MODELVIEW);
@@ -457,7 +458,7 @@ void CVRenderAction::RenderTransparentNodes() {
     // The list may grow while it is drawn.
     for (int i = 0; i < area->GetTransparentNodeListSize(); ++i) {
         const TranspNodeInfoStruct* info = area->GetTransparentNodeInfo(i);
-        glPushAttrib(kReplayAttribs);
+        CVAttribStack::Push(kReplayAttribs);
         glMatrixMode(GL_PROJECTION);
         glLoadMatrixd(info->projectionMatrix);
         glMatrixMode(GL_MODELVIEW);
@@ -488,12 +489,12 @@ void CVRenderAction::RenderTransparentNodes() {
             PreActOn(info->node);
             glDepthMask(GL_TRUE);
         }
-        glPopAttrib();
+        CVAttribStack::Pop();
     }
 
     glPopMatrix();
     PopProjection();
-    glPopAttrib();
+    CVAttribStack::Pop();
     area->ResetTransparentNodeList();
 }
 
@@ -501,7 +502,7 @@ void CVRenderAction::RenderAnnotationNodes() {
     CVGLRenderArea* area = m_pRenderArea;
     if (area->GetAnnotationNodeListSize() == 0) return;
     m_pState->m_nRenderPass = 3;
-    glPushAttrib(kReplayAttribs);
+    CVAttribStack::Push(kReplayAttribs);
     PushProjection();
     glLoadMatrixd(area->GetProjectionMatrix());
     glMatrixMode(GL_MODELVIEW);
@@ -511,18 +512,18 @@ void CVRenderAction::RenderAnnotationNodes() {
 
     for (int i = 0; i < area->GetAnnotationNodeListSize(); ++i) {
         const AnnotateNodeInfoStruct* info = area->GetAnnotationNodeInfo(i);
-        glPushAttrib(kReplayAttribs);
+        CVAttribStack::Push(kReplayAttribs);
         glMatrixMode(GL_PROJECTION);
         glLoadMatrixd(info->projectionMatrix);
         glMatrixMode(GL_MODELVIEW);
         glLoadMatrixf(info->modelviewMatrix);
         info->node->Traverse(this, nullptr, 0);
-        glPopAttrib();
+        CVAttribStack::Pop();
     }
 
     glPopMatrix();
     PopProjection();
-    glPopAttrib();
+    CVAttribStack::Pop();
     area->ResetAnnotationNodeList();
 }
 

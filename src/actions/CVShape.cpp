@@ -1,4 +1,5 @@
 #include "actions/CVShape.h"
+#include "render/CVAttribStack.h"
 
 #include <GL/gl.h>
 
@@ -43,7 +44,7 @@ int DeferKind(const CVGeometry* g, const CVGLRenderArea* area, GLint polygonMode
 }
 
 void DrawDropShadow(CVState* state, CVGLRenderArea* area, CVGeometry* g) {
-    glPushAttrib(GL_ENABLE_BIT | GL_POLYGON_BIT);
+    CVAttribStack::Push(GL_ENABLE_BIT | GL_POLYGON_BIT);
     glPushMatrix();
     glDisable(GL_LIGHTING);
     glEnable(GL_POLYGON_STIPPLE);  // the area keeps its pattern loaded
@@ -52,7 +53,7 @@ void DrawDropShadow(CVState* state, CVGLRenderArea* area, CVGeometry* g) {
     glMultMatrixf(area->GetShadowMatrix());
     g->Render(state, area, nullptr);
     glPopMatrix();
-    glPopAttrib();
+    CVAttribStack::Pop();
 }
 
 void DrawSelectionOverlay(CVState* state, CVGLRenderArea* area, CVGeometry* g, CVAppearance* app) {

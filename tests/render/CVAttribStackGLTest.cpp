@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <GL/gl.h>
+
+#include "render/CVAttribStack.h"
+#include "render/CVBitmapDevice.h"
+#include "render/CVGLRenderArea.h"
+#include "support/CVTestBitmap.h"
+
+namespace {
+
+GLint FrontMode() {
+    GLint mode[2] = {0, 0};
+    glGetIntegerv(GL_POLYGON_MODE, mode);
+    return mode[0];
+}
+
+class CVAttribStackGLTest : public ::testing::Test {
+protected:
+    CVAttribStackGLTest() : bitmap(8, 8), device(bitmap.GetDC()) {
+        area = new CVGLRenderArea(&device);
+        area->Ref();
+    }
+    ~CVAttribStackGLTest() override { area->Unref(); }
+    CVTestBitmap bitmap;
+    CVBitmapDevice device;
+    CVGLRenderArea* area;
+};
+
+// The sequence of a group holding a geometry that leaves line mode behind
+// inside its own enable-bit bracket.
+TEST_F(CVAttribStackGLTest, PolygonModeComesBackAfterAnInnerEnablePop) {
+    CVAttribStack::Push(GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_POLYGON_BIT);
+    CVAttribStack::Push(GL_ENABLE_BIT);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+    CVAttribStack::Pop();
+    EXPECT_EQ(FrontMode(), GL_LINE);
+    CVAttribStack::Pop();
+    EXPECT_EQ(FrontMode(), GL_FILL);
+}
+
+TEST_F(CVAttribStackGLTest, GroupsWithoutPolygonBitsLeaveTheModeAlone) {
+    CVAttribStack::Push(GL_ENABLE_BIT);
+    glPolygonMode(GL_FRONT, GL_POINT);
+    CVAttribStack::Pop();
+    EXPECT_EQ(FrontMode(), GL_POINT);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+}
+
+TEST_F(CVAttribStackGLTest, EachContextKeepsItsOwnStack) {
+    CVTestBitmap otherBitmap(8, 8);
+    CVBitmapDevice otherDevice(otherBitmap.GetDC());
+    auto* other = new CVGLRenderArea(&otherDevice);
+    other->Ref();
+    area->MakeCurrent();
+    CVAttribStack::Push(GL_POLYGON_BIT);
+    other->MakeCurrent();
+    CVAttribStack::Push(GL_ENABLE_BIT);  // no polygon bit in this context
+    CVAttribStack::Pop();
+    area->MakeCurrent();
+    CVAttribStack::Push(GL_ENABLE_BIT);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+    CVAttribStack::Pop();
+    CVAttribStack::Pop();
+    EXPECT_EQ(FrontMode(), GL_FILL);
+    other->Unref();
+}
+
+}  // namespace
