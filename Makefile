@@ -24,7 +24,8 @@ test: build
 
 demo: build
 	@mkdir -p out
-	@$(BUILD_DIR)/examples/cvscene-demo out
+	@$(BUILD_DIR)/examples/cvscene-demo
+	@$(BUILD_DIR)/examples/cvscene-gallery out
 
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do echo "== $$b"; $$b; done

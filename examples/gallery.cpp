@@ -2,7 +2,6 @@
 // Usage: cvscene-gallery <output folder>
 #include <cstdio>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
@@ -69,6 +68,7 @@ CVGroup* Stage(CVGroup* scene, float distance, float tilt) {
     camera->position.SetValue(0.0f, distance * std::sin(tilt), distance * std::cos(tilt));
     camera->orientation.SetValue(1.0f, 0.0f, 0.0f, -tilt);
     camera->farDistance.SetValue(distance * 3.0f);
+    camera->children.Add(new CVLightModel);  // lighting on
     auto* light = new CVDirectionalLight;
     light->direction.SetValue(-0.4f, -0.6f, -0.7f);
     camera->children.Add(light);
@@ -111,7 +111,7 @@ CVGroup* BarChart() {
             }
             if (row == 3 && col == 1) {
                 bar->SetStippledFlag(1);
-                if (!std::getenv("NOPARTIAL")) bar->SetPartialSelectionFlag(1);
+                bar->SetPartialSelectionFlag(1);
                 bar->SetStipplePercent(40);
             }
             scene->children.Add(Place(bar, look, (col - 2.0f) * 1.4f, h * 0.5f - 1.5f, (row - 1.5f) * 1.4f));
@@ -138,17 +138,19 @@ CVGroup* ShapeSheet() {
                 case 3: { auto* c = new CVCylinder; c->radius.SetValue(0.4f); c->height.SetValue(sign * 0.9f); g = c; break; }
                 case 4: { auto* s = new CVSphere; s->radius.SetValue(sign * 0.45f); g = s; break; }
                 case 5: { auto* d = new CVDisc; d->size.SetValue(sign * 0.9f, 0.9f, 0.9f); g = d; break; }
-                case 6: { auto* m = new CVClub; m->size.SetValue(sign * 0.8f, 0.8f, 0.3f); g = m; break; }
+                case 6: { auto* m = new CVClub; m->size.SetValue(sign * 0.8f, 0.3f, 0.8f); g = m; break; }
                 case 7: { auto* m = new CVCross; m->size.SetValue(sign * 0.8f, 0.8f, 0.3f); g = m; break; }
                 case 8: { auto* m = new CVDiamond; m->size.SetValue(sign * 0.6f, 0.6f, 0.3f); g = m; break; }
-                case 9: { auto* m = new CVFlag; m->size.SetValue(sign * 0.8f, 0.8f, 0.3f); g = m; break; }
-                case 10: { auto* m = new CVHeart; m->size.SetValue(sign * 0.8f, 0.8f, 0.3f); g = m; break; }
-                case 11: { auto* m = new CVHexagon; m->size.SetValue(sign * 0.8f, 0.8f, 0.3f); g = m; break; }
-                case 12: { auto* m = new CVPrism; m->size.SetValue(sign * 0.8f, 0.8f, 0.8f); g = m; break; }
-                case 13: { auto* m = new CVSpade; m->size.SetValue(sign * 0.8f, 0.8f, 0.3f); g = m; break; }
-                case 14: { auto* m = new CVStar; m->size.SetValue(sign * 0.8f, 0.8f, 0.3f); g = m; break; }
+                case 9: { auto* m = new CVFlag; m->size.SetValue(sign * 0.8f, 0.3f, 0.8f); g = m; break; }
+                case 10: { auto* m = new CVHeart; m->size.SetValue(sign * 0.8f, 0.3f, 0.8f); g = m; break; }
+                case 11: { auto* m = new CVHexagon; m->size.SetValue(sign * 0.8f, 0.3f, 0.8f); g = m; break; }
+                case 12: { auto* m = new CVPrism; m->size.SetValue(sign * 0.8f, 0.5f, 0.8f); g = m; break; }
+                case 13: { auto* m = new CVSpade; m->size.SetValue(sign * 0.8f, 0.3f, 0.8f); g = m; break; }
+                case 14: { auto* m = new CVStar; m->size.SetValue(sign * 0.8f, 0.3f, 0.8f); g = m; break; }
                 default: { auto* m = new CVXShape; m->size.SetValue(sign * 0.8f, 0.8f, 0.3f); g = m; break; }
             }
+            // Outline shapes lie in x-z; the marker flag stands them up to face the viewer.
+            if (i >= 6) g->SetMarkerFlag(1);
             float hue = (float)i / kCount;
             CVAppearance* look = Look(0.35f + 0.6f * hue, 0.8f - 0.5f * hue, 0.9f - 0.7f * hue);
             int col = i % 8, row = i / 8 + wire * 2;
