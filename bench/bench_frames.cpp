@@ -3,7 +3,11 @@
 // (lighting, colour material, depth test, perspective, normals, readback of
 // the frame into the DIB) in the leanest way: one display list per scene.
 // The "ratio" counter of a library case is its frame time over the
-// reference's, measured in the same run.
+// reference's, measured in the same run. A second raw reference draws each
+// object as its own transform group and shape would: attribute pushes and
+// pops, matrix push, colour and ambient material per object, immediate-mode
+// triangles. "floor" is the library's frame time over that one, i.e. what
+// remains once the per-object GL state calls are paid for.
 //   bars:    100 x 100 boxes, each its own colour, 800 x 600
 //   spheres: 100 x 100 spheres (precision 12), each its own colour, 800 x 600
 #include <benchmark/benchmark.h>
@@ -121,6 +125,8 @@ void Library(benchmark::State& state, bool spheres) {
     root->Unref();
     const char* name = spheres ? "spheres" : "bars";
     if (g_reference.count(name)) state.counters["ratio"] = perFrame / g_reference[name];
+    const std::string perNode = std::string(name) + "/per_node";
+    if (g_reference.count(perNode)) state.counters["floor"] = perFrame / g_reference[perNode];
     CVGLRenderArea::SetInflateWorld(1);
 }
 
@@ -160,7 +166,32 @@ void SphereStrips(float r) {
     }
 }
 
-void Raw(benchmark::State& state, bool spheres) {
+// One object as a group and shape issue it, drawn in immediate mode.
+void PerNodeObject(int i, bool spheres, GLuint sphere) {
+    float rgb[3];
+    Colour(i, rgb);
+    glPushAttrib(GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_POLYGON_BIT);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glTranslatef(Position(i % kGrid), Position(i / kGrid), 0.0f);
+    glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
+    glColor4f(rgb[0], rgb[1], rgb[2], 1.0f);
+    const GLfloat ambient[4] = {rgb[0] * 0.8f, rgb[1] * 0.8f, rgb[2] * 0.8f, 1.0f};
+    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT, ambient);
+    glPushAttrib(GL_ENABLE_BIT);
+    if (spheres) {
+        glCallList(sphere);
+    } else {
+        glBegin(GL_QUADS);
+        BoxFaces();
+        glEnd();
+    }
+    glPopAttrib();
+    glPopMatrix();
+    glPopAttrib();
+}
+
+void Raw(benchmark::State& state, bool spheres, bool perNode) {
     Dib dib(kWidth, kHeight);
     PIXELFORMATDESCRIPTOR pfd;
     std::memset(&pfd, 0, sizeof(pfd));
@@ -220,9 +251,17 @@ void Raw(benchmark::State& state, bool spheres) {
     if (!spheres) glEnd();
     glEndList();
 
-    g_reference[spheres ? "spheres" : "bars"] = TimeFrames(state, [&] {
+    std::string name = spheres ? "spheres" : "bars";
+    if (perNode) name += "/per_node";
+    g_reference[name] = TimeFrames(state, [&] {
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        glCallList(scene);
+        if (perNode) {
+            glPushMatrix();
+            for (int i = 0; i < kGrid * kGrid; ++i) PerNodeObject(i, spheres, sphere);
+            glPopMatrix();
+        } else {
+            glCallList(scene);
+        }
         glFinish();
         SwapBuffers(dib.dc);  // the frame into the DIB, as the library's action does
     });
@@ -233,8 +272,10 @@ void Raw(benchmark::State& state, bool spheres) {
 
 }  // namespace
 
-BENCHMARK_CAPTURE(Raw, bars, false)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, bars, false, false)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, bars_per_node, false, true)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK_CAPTURE(Library, bars, false)->Unit(benchmark::kMillisecond)->MinTime(2.0);
-BENCHMARK_CAPTURE(Raw, spheres, true)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, spheres, true, false)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, spheres_per_node, true, true)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK_CAPTURE(Library, spheres, true)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK_MAIN();

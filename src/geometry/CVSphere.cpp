@@ -7,7 +7,6 @@
 
 #include "math/CVBox3f.h"
 #include "render/CVCacheManager.h"
-#include "render/CVSelectSafeList.h"
 
 IMPLEMENT_DYNAMIC(CVSphere, CVGeometry)
 
@@ -50,7 +49,9 @@ void Tessellate(int slices, int stacks, float r, unsigned int list) {
     if (list) glNewList(list, GL_COMPILE_AND_EXECUTE);
     for (int i = 0; i < stacks; ++i) {
         const SphereVertex& first = at(i + 1, 0);
-        CVSelectSafeList::BeginBlock(GL_TRIANGLE_STRIP, first.x, first.y, first.z);
+        // All blocks are strips: the driver may merge them into one draw, which
+        // replays safely in selection mode (only mixed types crash).
+        glBegin(GL_TRIANGLE_STRIP);
         Emit(first);
         Emit(at(i, 0));
         for (int j = 1; j <= slices; ++j) {
