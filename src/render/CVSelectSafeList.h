@@ -7,7 +7,7 @@
 // primitive types with nothing between them (the compiler merges them into one
 // vertex list; a triangle strip followed by two polygons is enough, which is
 // a cylinder). A state call outside glBegin/glEnd between the blocks keeps them
-// apart and the list safe. Every block of the sphere, cone and cylinder lists
+// apart and the list safe. Every block of the cone and cylinder lists
 // is therefore opened here, which sets the block's first normal outside it.
 class CVSelectSafeList {
 public:
