@@ -127,4 +127,10 @@ private:
     // 0 when there is no image to draw.
     int PaintImage(const RECT& rect);
     void RunPass(CVNode* root);
+    // Shared bracket of both deferred-list replays: the pass, the area's
+    // projection, lighting and the shadow light; and per record its
+    // captured matrices inside an attribute push that the caller pops.
+    void BeginReplay(int pass);
+    void BeginRecord(const double* projection, const float* modelview);
+    void EndReplay();
 };

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "actions/CVState.h"
+#include "math/CVBox3f.h"
 #include "math/CVVector.h"
 #include "nodes/CVAppearance.h"
 #include "render/CVGLRenderArea.h"
@@ -79,3 +80,9 @@ int CVGeometry::UsesTiledTexture(const CVAppearance* appearance) const {
 }
 
 int CVGeometry::IsPicking(const CVState* state) { return state && state->m_bRecordPath ? 1 : 0; }
+
+void CVGeometry::SetCenteredBox(CVBox3f* box, const Point3fStruct& size) {
+    if (!box) return;
+    box->SetCenter(0.0f, 0.0f, 0.0f);
+    box->SetSize(size);
+}

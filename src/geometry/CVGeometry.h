@@ -116,6 +116,21 @@ protected:
     // The identification walk is on (pick, image map, search): draw bare geometry.
     static int IsPicking(const CVState* state);
 
+    // While picking, bare(); otherwise solid() inside PreRenderGL/PostRenderGL.
+    template <class Bare, class Solid>
+    void DrawBracketed(CVState* state, CVGLRenderArea* area, CVAppearance* appearance, Bare&& bare, Solid&& solid) {
+        if (IsPicking(state)) {
+            bare();
+            return;
+        }
+        PreRenderGL(state, area, appearance);
+        solid();
+        PostRenderGL(state, area, appearance);
+    }
+
+    // box becomes the box of full extent size centred at the origin (null: nothing).
+    static void SetCenteredBox(CVBox3f* box, const Point3fStruct& size);
+
 private:
     int Set(unsigned int bit, int on) {
         m_nFlags = on ? (m_nFlags | bit) : (m_nFlags & ~bit);

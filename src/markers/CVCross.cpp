@@ -48,17 +48,9 @@ CVCross::CVCross() {
 
 void CVCross::Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearance) {
     CVMarkerTransform transform(*this, size.GetValue(), 0);
-    if (IsPicking(state)) {
-        Column().DrawBare();
-        return;
-    }
-    PreRenderGL(state, area, appearance);
-    Column().DrawSolid(0, size.GetValue());
-    PostRenderGL(state, area, appearance);
+    DrawBracketed(state, area, appearance, [&] { Column().DrawBare(); }, [&] { Column().DrawSolid(0, size.GetValue()); });
 }
 
 void CVCross::ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* box) {
-    if (!box) return;
-    box->SetCenter(0.0f, 0.0f, 0.0f);
-    box->SetSize(size.GetValue());
+    SetCenteredBox(box, size.GetValue());
 }

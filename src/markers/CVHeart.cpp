@@ -30,17 +30,9 @@ CVHeart::CVHeart() {
 
 void CVHeart::Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearance) {
     CVMarkerTransform transform(*this, size.GetValue(), 1);
-    if (IsPicking(state)) {
-        Outline().DrawBare();
-        return;
-    }
-    PreRenderGL(state, area, appearance);
-    Outline().DrawSolid();
-    PostRenderGL(state, area, appearance);
+    DrawBracketed(state, area, appearance, [&] { Outline().DrawBare(); }, [&] { Outline().DrawSolid(); });
 }
 
 void CVHeart::ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* box) {
-    if (!box) return;
-    box->SetCenter(0.0f, 0.0f, 0.0f);
-    box->SetSize(size.GetValue());
+    SetCenteredBox(box, size.GetValue());
 }

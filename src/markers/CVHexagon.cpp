@@ -43,17 +43,9 @@ CVHexagon::CVHexagon() {
 void CVHexagon::Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearance) {
     const int tiled = UsesTiledTexture(appearance);
     CVMarkerTransform transform(*this, size.GetValue(), 1);
-    if (IsPicking(state)) {
-        Column().DrawBare();
-        return;
-    }
-    PreRenderGL(state, area, appearance);
-    Column().DrawSolid(tiled, size.GetValue());
-    PostRenderGL(state, area, appearance);
+    DrawBracketed(state, area, appearance, [&] { Column().DrawBare(); }, [&] { Column().DrawSolid(tiled, size.GetValue()); });
 }
 
 void CVHexagon::ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* box) {
-    if (!box) return;
-    box->SetCenter(0.0f, 0.0f, 0.0f);
-    box->SetSize(size.GetValue());
+    SetCenteredBox(box, size.GetValue());
 }
