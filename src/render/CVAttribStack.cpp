@@ -12,10 +12,13 @@ struct Saved {
     GLint mode[2];  // front, back
 };
 
-// One stack per context: contexts take turns on a thread.
-std::vector<Saved>& StackOfCurrentContext() {
-    static std::unordered_map<HGLRC, std::vector<Saved>>* stacks = new std::unordered_map<HGLRC, std::vector<Saved>>();
-    return (*stacks)[wglGetCurrentContext()];
+using Stacks = std::unordered_map<HGLRC, std::vector<Saved>>;
+
+// One stack per context: contexts take turns on a thread. Emptied stacks are
+// dropped so that contexts created and deleted over a long run leave nothing.
+Stacks& AllStacks() {
+    static Stacks* stacks = new Stacks();
+    return *stacks;
 }
 
 }  // namespace
@@ -23,16 +26,18 @@ std::vector<Saved>& StackOfCurrentContext() {
 void CVAttribStack::Push(GLbitfield mask) {
     Saved saved = {(mask & GL_POLYGON_BIT) != 0, {GL_FILL, GL_FILL}};
     if (saved.polygon) glGetIntegerv(GL_POLYGON_MODE, saved.mode);
-    StackOfCurrentContext().push_back(saved);
+    AllStacks()[wglGetCurrentContext()].push_back(saved);
     glPushAttrib(mask);
 }
 
 void CVAttribStack::Pop() {
     glPopAttrib();
-    std::vector<Saved>& stack = StackOfCurrentContext();
-    if (stack.empty()) return;
-    Saved saved = stack.back();
-    stack.pop_back();
+    Stacks& stacks = AllStacks();
+    auto it = stacks.find(wglGetCurrentContext());
+    if (it == stacks.end()) return;
+    Saved saved = it->second.back();
+    it->second.pop_back();
+    if (it->second.empty()) stacks.erase(it);
     if (!saved.polygon) return;
     glPolygonMode(GL_FRONT, saved.mode[0]);
     glPolygonMode(GL_BACK, saved.mode[1]);

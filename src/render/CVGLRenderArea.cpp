@@ -271,10 +271,23 @@ void CVGLRenderArea::ReportOGLErrors() {
     }
 }
 
+int CVGLRenderArea::SetLightNode(CVLight* light) {
+    m_pLightNode = light;
+    m_nLightNodeID = light ? light->GetID() : 0;
+    return 1;
+}
+
+// Node ids are never reused, so a live node under the stored id is the light.
+CVLight* CVGLRenderArea::GetLightNode() const {
+    if (!m_pLightNode || CVNode::FindNodeByID(m_nLightNodeID) != m_pLightNode) return nullptr;
+    return m_pLightNode;
+}
+
 void CVGLRenderArea::InitShadowMatrix() {
     float L[4] = {0.5f, 0.7f, 1.0f, 0.0f};
-    if (m_pLightNode && m_pLightNode->IsKindOf(RUNTIME_CLASS(CVDirectionalLight))) {
-        const Point3fStruct& d = static_cast<CVDirectionalLight*>(m_pLightNode)->direction.GetValue();
+    CVLight* light = GetLightNode();
+    if (light && light->IsKindOf(RUNTIME_CLASS(CVDirectionalLight))) {
+        const Point3fStruct& d = static_cast<CVDirectionalLight*>(light)->direction.GetValue();
         if (m_nShadowOrientation == 2) {
             L[0] = -d.x - 0.9f;
             L[1] = -d.y;

@@ -54,9 +54,10 @@ public:
 
     int Set2DView(int on) { m_b2DView = on; return 1; }
     int Get2DView() const { return m_b2DView; }
-    // Not reference counted.
-    int SetLightNode(CVLight* light) { m_pLightNode = light; return 1; }
-    CVLight* GetLightNode() const { return m_pLightNode; }
+    // Not reference counted: the area remembers the light's node id as well,
+    // and GetLightNode returns null once that node has been destroyed.
+    int SetLightNode(CVLight* light);
+    CVLight* GetLightNode() const;
     // 1 during jittered passes of scene antialiasing, 2 in the final pass, else 0.
     int SetAntialiasingMode(int mode) { m_nAntialiasingMode = mode; return 1; }
     int GetAntialiasingMode() const { return m_nAntialiasingMode; }
@@ -198,5 +199,6 @@ private:
     IUnknown* m_pIUnknown = nullptr;
     CArray<TranspNodeInfoStruct*, TranspNodeInfoStruct*> m_TranspNodeList;
     CVLight* m_pLightNode = nullptr;
+    int m_nLightNodeID = 0;
     CArray<AnnotateNodeInfoStruct*, AnnotateNodeInfoStruct*> m_AnnotateNodeList;
 };
