@@ -7,7 +7,11 @@
 // object as its own transform group and shape would: attribute pushes and
 // pops, matrix push, colour and ambient material per object, immediate-mode
 // triangles. "floor" is the library's frame time over that one, i.e. what
-// remains once the per-object GL state calls are paid for.
+// remains once the per-object GL state calls are paid for. A third one,
+// "list_per_object", keeps each object's triangles in a display list but sets
+// its colour and translation outside the list, which is the least any
+// per-node traversal must do; on llvmpipe the colour change alone makes the
+// next draw revalidate and re-upload the lighting state.
 //   bars:    100 x 100 boxes, each its own colour, 800 x 600
 //   spheres: 100 x 100 spheres (precision 12), each its own colour, 800 x 600
 #include <benchmark/benchmark.h>
@@ -191,7 +195,20 @@ void PerNodeObject(int i, bool spheres, GLuint sphere) {
     glPopAttrib();
 }
 
-void Raw(benchmark::State& state, bool spheres, bool perNode) {
+enum RawMode { kOneList, kPerNode, kListPerObject };
+
+// One object's geometry from its own list, colour and place set outside it.
+void ListObject(int i, GLuint list) {
+    float rgb[3];
+    Colour(i, rgb);
+    glColor4f(rgb[0], rgb[1], rgb[2], 1.0f);
+    glPushMatrix();
+    glTranslatef(Position(i % kGrid), Position(i / kGrid), 0.0f);
+    glCallList(list);
+    glPopMatrix();
+}
+
+void Raw(benchmark::State& state, bool spheres, RawMode mode) {
     Dib dib(kWidth, kHeight);
     PIXELFORMATDESCRIPTOR pfd;
     std::memset(&pfd, 0, sizeof(pfd));
@@ -221,10 +238,15 @@ void Raw(benchmark::State& state, bool spheres, bool perNode) {
     const GLfloat position[4] = {0.3f, 0.4f, 1.0f, 0.0f};
     glLightfv(GL_LIGHT0, GL_POSITION, position);
 
-    GLuint sphere = glGenLists(2);
-    GLuint scene = sphere + 1;
+    GLuint sphere = glGenLists(3);
+    GLuint scene = sphere + 1, box = sphere + 2;
     glNewList(sphere, GL_COMPILE);
     SphereStrips(0.5f);
+    glEndList();
+    glNewList(box, GL_COMPILE);
+    glBegin(GL_QUADS);
+    BoxFaces();
+    glEnd();
     glEndList();
     glNewList(scene, GL_COMPILE);
     if (!spheres) glBegin(GL_QUADS);
@@ -252,30 +274,35 @@ void Raw(benchmark::State& state, bool spheres, bool perNode) {
     glEndList();
 
     std::string name = spheres ? "spheres" : "bars";
-    if (perNode) name += "/per_node";
+    if (mode == kPerNode) name += "/per_node";
+    if (mode == kListPerObject) name += "/list_per_object";
     g_reference[name] = TimeFrames(state, [&] {
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        if (perNode) {
+        if (mode == kPerNode) {
             glPushMatrix();
             for (int i = 0; i < kGrid * kGrid; ++i) PerNodeObject(i, spheres, sphere);
             glPopMatrix();
+        } else if (mode == kListPerObject) {
+            for (int i = 0; i < kGrid * kGrid; ++i) ListObject(i, spheres ? sphere : box);
         } else {
             glCallList(scene);
         }
         glFinish();
         SwapBuffers(dib.dc);  // the frame into the DIB, as the library's action does
     });
-    glDeleteLists(sphere, 2);
+    glDeleteLists(sphere, 3);
     wglMakeCurrent(nullptr, nullptr);
     wglDeleteContext(rc);
 }
 
 }  // namespace
 
-BENCHMARK_CAPTURE(Raw, bars, false, false)->Unit(benchmark::kMillisecond)->MinTime(2.0);
-BENCHMARK_CAPTURE(Raw, bars_per_node, false, true)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, bars, false, kOneList)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, bars_list_per_object, false, kListPerObject)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, bars_per_node, false, kPerNode)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK_CAPTURE(Library, bars, false)->Unit(benchmark::kMillisecond)->MinTime(2.0);
-BENCHMARK_CAPTURE(Raw, spheres, true, false)->Unit(benchmark::kMillisecond)->MinTime(2.0);
-BENCHMARK_CAPTURE(Raw, spheres_per_node, true, true)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, spheres, true, kOneList)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, spheres_list_per_object, true, kListPerObject)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK_CAPTURE(Raw, spheres_per_node, true, kPerNode)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK_CAPTURE(Library, spheres, true)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK_MAIN();
