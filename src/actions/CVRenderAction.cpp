@@ -443,26 +443,40 @@ void CVRenderAction::LoadBackgroundTextureImage() {
     GdipDisposeImage(image);
 }
 
-void CVRenderAction::RenderTransparentNodes() {
-    CVGLRenderArea* area = m_pRenderArea;
-    if (area->GetTransparentNodeListSize() == 0) return;
-    m_pState->m_nRenderPass = 2;
+void CVRenderAction::BeginReplay(int pass) {
+    m_pState->m_nRenderPass = pass;
     CVAttribStack::Push(kReplayAttribs);
     PushProjection();
-    glLoadMatrixd(area->GetProjectionMatrix());
+    glLoadMatrixd(m_pRenderArea->GetProjectionMatrix());
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glEnable(GL_LIGHTING);
-    if (CVLight* light = area->GetLightNode()) PreActOn(light);
+    if (CVLight* light = m_pRenderArea->GetLightNode()) PreActOn(light);
+}
+
+void CVRenderAction::BeginRecord(const double* projection, const float* modelview) {
+    CVAttribStack::Push(kReplayAttribs);
+    glMatrixMode(GL_PROJECTION);
+    glLoadMatrixd(projection);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadMatrixf(modelview);
+}
+
+void CVRenderAction::EndReplay() {
+    glPopMatrix();
+    PopProjection();
+    CVAttribStack::Pop();
+}
+
+void CVRenderAction::RenderTransparentNodes() {
+    CVGLRenderArea* area = m_pRenderArea;
+    if (area->GetTransparentNodeListSize() == 0) return;
+    BeginReplay(2);
 
     // The list may grow while it is drawn.
     for (int i = 0; i < area->GetTransparentNodeListSize(); ++i) {
         const TranspNodeInfoStruct* info = area->GetTransparentNodeInfo(i);
-        CVAttribStack::Push(kReplayAttribs);
-        glMatrixMode(GL_PROJECTION);
-        glLoadMatrixd(info->projectionMatrix);
-        glMatrixMode(GL_MODELVIEW);
-        glLoadMatrixf(info->modelviewMatrix);
+        BeginRecord(info->projectionMatrix, info->modelviewMatrix);
         if (info->type == 2) {
             PreActOn(info->node);
         } else {
@@ -492,38 +506,23 @@ void CVRenderAction::RenderTransparentNodes() {
         CVAttribStack::Pop();
     }
 
-    glPopMatrix();
-    PopProjection();
-    CVAttribStack::Pop();
+    EndReplay();
     area->ResetTransparentNodeList();
 }
 
 void CVRenderAction::RenderAnnotationNodes() {
     CVGLRenderArea* area = m_pRenderArea;
     if (area->GetAnnotationNodeListSize() == 0) return;
-    m_pState->m_nRenderPass = 3;
-    CVAttribStack::Push(kReplayAttribs);
-    PushProjection();
-    glLoadMatrixd(area->GetProjectionMatrix());
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glEnable(GL_LIGHTING);
-    if (CVLight* light = area->GetLightNode()) PreActOn(light);
+    BeginReplay(3);
 
     for (int i = 0; i < area->GetAnnotationNodeListSize(); ++i) {
         const AnnotateNodeInfoStruct* info = area->GetAnnotationNodeInfo(i);
-        CVAttribStack::Push(kReplayAttribs);
-        glMatrixMode(GL_PROJECTION);
-        glLoadMatrixd(info->projectionMatrix);
-        glMatrixMode(GL_MODELVIEW);
-        glLoadMatrixf(info->modelviewMatrix);
+        BeginRecord(info->projectionMatrix, info->modelviewMatrix);
         info->node->Traverse(this, nullptr, 0);
         CVAttribStack::Pop();
     }
 
-    glPopMatrix();
-    PopProjection();
-    CVAttribStack::Pop();
+    EndReplay();
     area->ResetAnnotationNodeList();
 }
 
