@@ -22,6 +22,7 @@
 #include "nodes/CVAppearance.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVGLRenderArea.h"
+#include "support/CVGLQuery.h"
 #include "support/CVTestBitmap.h"
 
 namespace cvtest {
@@ -65,18 +66,6 @@ inline CArray<CVNode*, CVNode*> Path(std::initializer_list<CVNode*> nodes) {
     CArray<CVNode*, CVNode*> path;
     for (CVNode* n : nodes) path.Add(n);
     return path;
-}
-
-inline GLint GetInt(GLenum what) {
-    GLint v = 0;
-    glGetIntegerv(what, &v);
-    return v;
-}
-
-inline CVMatrix GetMatrix(GLenum which) {
-    GLfloat m[16];
-    glGetFloatv(which, m);
-    return CVMatrix(m);
 }
 
 // What one call of TestGeometry::Render saw.
