@@ -3,6 +3,7 @@
 #include "actions/CVGroup.h"
 #include "actions/CVShape.h"
 #include "actions/CVTransform.h"
+#include "nodes/CVClipPlane.h"
 #include "nodes/CVOrthographicCamera.h"
 
 namespace {
@@ -10,17 +11,6 @@ namespace {
 using cvtest::Near3;
 using cvtest::TestGeometry;
 using P = Point3fStruct;
-
-// Adds a clip plane to the box it is asked for, as clip-plane nodes do.
-class ClipNode : public CVChild {
-public:
-    ClipNode(P normal, float d) : m_normal(normal), m_d(d) {}
-    void ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* box) override { box->AddClipInfo(m_normal, m_d); }
-
-private:
-    P m_normal;
-    float m_d;
-};
 
 // Records the GL state in force when its box is asked for; its box is its origin.
 class Probe : public CVChild {
@@ -104,7 +94,7 @@ TEST_F(CVGetBoundingBoxActionGLTest, ClipPlanesActUpToTheirGroup) {
     // scene [clipped [clip x >= 0, shape], shape at x = -3]
     CVGroup* clipped = new CVGroup;
     TestGeometry *inside = nullptr, *beside = nullptr;
-    clipped->children.Add(new ClipNode({1, 0, 0}, 0.0f));
+    clipped->children.Add(new CVClipPlane);
     clipped->children.Add(MakeShape(inside));
     CVGroup* scene = new CVGroup;
     scene->Ref();

@@ -126,60 +126,45 @@ TEST_F(CVShapeGLTest, InvisibleGeometryIsOnlyPickedBareUnderItsOwnName) {
     EXPECT_EQ(depthAfter, 0);
 }
 
-TEST_F(CVShapeGLTest, TextFilterAppliesInSceneAndAnnotationPasses) {
-    const struct {
-        const char* name;
-        int mode, pass;
-        GeometryKind kind;
-        bool postJitter, drawn;
-    } cases[] = {
-        {"Off", 0, 1, Text, false, true},
-        {"SkipTextSceneText", 1, 1, Text, false, false},
-        {"SkipTextScenePostJitter", 1, 1, Plain, true, false},
-        {"SkipTextScenePlain", 1, 1, Plain, false, true},
-        {"SkipOtherAnnotationPlain", 2, 3, Plain, false, false},
-        {"SkipOtherAnnotationText", 2, 3, Text, false, true},
-        {"SkipOtherAnnotationPostJitter", 2, 3, Plain, true, true},
-        {"SkipOtherTransparentPassIgnored", 2, 2, Plain, false, true},
-        {"SkipTextIdlePassIgnored", 1, 0, Text, false, true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        TestGeometry* g = Use(c.kind);
-        g->SetPostJitterFlag(c.postJitter);
-        area->SetTextFilterMode(c.mode);
-        Draw(c.pass);
-        EXPECT_EQ(g->draws.size(), c.drawn ? 1u : 0u);
-    }
-}
-
-TEST_F(CVShapeGLTest, SortedGeometryIsDeferredWithItsKind) {
+// Whether a shape draws its geometry at once, skips it (text filter) or
+// defers it to the transparent list, and as what kind.
+TEST_F(CVShapeGLTest, GeometryIsDrawnFilteredOrDeferredWithItsKind) {
     const unsigned int AA = CVGeometry::kAntialiased, TR = CVGeometry::kTransparent, DS = CVGeometry::kDropShadow,
-                       FS = CVGeometry::kForceSort;
+                       FS = CVGeometry::kForceSort, PJ = 1u << 31;
+    const int kDrawn = -1, kSkipped = -2;
     const struct {
         const char* name;
-        unsigned int flags;
         GeometryKind kind;
+        unsigned int flags;
         GLenum polygonMode;
-        int lineAntialiasing, transparency, pass;
-        int deferredAs;  // deferral kind, or -1 when drawn at once
+        int pass, textFilter, lineAntialiasing, transparency;
+        int outcome;  // drawn, skipped or the deferral kind
     } cases[] = {
-        {"NothingToSort", 0, Plain, GL_FILL, 1, 1, 1, -1},
-        {"AntialiasedLineMode", AA, Plain, GL_LINE, 1, 1, 1, 1},
-        {"AntialiasedLineSet", AA, LineSet, GL_FILL, 1, 1, 1, 1},
-        {"AntialiasedLinesWithAntialiasingOff", AA, LineSet, GL_FILL, 0, 1, 1, -1},
-        {"AntialiasedFill", AA, Plain, GL_FILL, 1, 1, 1, -1},
-        {"AntialiasedText", AA, Text, GL_FILL, 1, 1, 1, 2},
-        {"AntialiasedTextInLineMode", AA, Text, GL_LINE, 1, 1, 1, 1},
-        {"Transparent", TR, Plain, GL_FILL, 1, 1, 1, 1},
-        {"TransparentWithTransparencyOff", TR, Plain, GL_FILL, 1, 0, 1, -1},
-        {"TransparentInLineMode", TR, Plain, GL_LINE, 1, 1, 1, -1},
-        {"DropShadowed", DS, Plain, GL_FILL, 1, 0, 1, 1},
-        {"TransparentBeatsForceSort", TR | FS, Plain, GL_FILL, 1, 1, 1, 1},
-        {"ForceSorted", FS, Plain, GL_FILL, 1, 1, 1, 0},
-        {"ForceSortedInPointMode", FS, Plain, GL_POINT, 1, 1, 1, -1},
-        {"ForceSortedText", FS, Text, GL_FILL, 1, 1, 1, 0},
-        {"TransparentOutsideScenePass", TR, Plain, GL_FILL, 1, 1, 2, -1},
+        {"FilterOff", Text, 0, GL_FILL, 1, 0, 1, 1, kDrawn},
+        {"SkipTextSceneText", Text, 0, GL_FILL, 1, 1, 1, 1, kSkipped},
+        {"SkipTextScenePostJitter", Plain, PJ, GL_FILL, 1, 1, 1, 1, kSkipped},
+        {"SkipTextScenePlain", Plain, 0, GL_FILL, 1, 1, 1, 1, kDrawn},
+        {"SkipOtherAnnotationPlain", Plain, 0, GL_FILL, 3, 2, 1, 1, kSkipped},
+        {"SkipOtherAnnotationText", Text, 0, GL_FILL, 3, 2, 1, 1, kDrawn},
+        {"SkipOtherAnnotationPostJitter", Plain, PJ, GL_FILL, 3, 2, 1, 1, kDrawn},
+        {"SkipOtherTransparentPassIgnored", Plain, 0, GL_FILL, 2, 2, 1, 1, kDrawn},
+        {"SkipTextIdlePassIgnored", Text, 0, GL_FILL, 0, 1, 1, 1, kDrawn},
+        {"NothingToSort", Plain, 0, GL_FILL, 1, 0, 1, 1, kDrawn},
+        {"AntialiasedLineMode", Plain, AA, GL_LINE, 1, 0, 1, 1, 1},
+        {"AntialiasedLineSet", LineSet, AA, GL_FILL, 1, 0, 1, 1, 1},
+        {"AntialiasedLinesWithAntialiasingOff", LineSet, AA, GL_FILL, 1, 0, 0, 1, kDrawn},
+        {"AntialiasedFill", Plain, AA, GL_FILL, 1, 0, 1, 1, kDrawn},
+        {"AntialiasedText", Text, AA, GL_FILL, 1, 0, 1, 1, 2},
+        {"AntialiasedTextInLineMode", Text, AA, GL_LINE, 1, 0, 1, 1, 1},
+        {"Transparent", Plain, TR, GL_FILL, 1, 0, 1, 1, 1},
+        {"TransparentWithTransparencyOff", Plain, TR, GL_FILL, 1, 0, 1, 0, kDrawn},
+        {"TransparentInLineMode", Plain, TR, GL_LINE, 1, 0, 1, 1, kDrawn},
+        {"DropShadowed", Plain, DS, GL_FILL, 1, 0, 1, 0, 1},
+        {"TransparentBeatsForceSort", Plain, TR | FS, GL_FILL, 1, 0, 1, 1, 1},
+        {"ForceSorted", Plain, FS, GL_FILL, 1, 0, 1, 1, 0},
+        {"ForceSortedInPointMode", Plain, FS, GL_POINT, 1, 0, 1, 1, kDrawn},
+        {"ForceSortedText", Text, FS, GL_FILL, 1, 0, 1, 1, 0},
+        {"TransparentOutsideScenePass", Plain, TR, GL_FILL, 2, 0, 1, 1, kDrawn},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -189,18 +174,17 @@ TEST_F(CVShapeGLTest, SortedGeometryIsDeferredWithItsKind) {
         g->SetTransparentFlag((c.flags & TR) != 0);
         g->SetDropShadowFlag((c.flags & DS) != 0);
         g->SetForceSortFlag((c.flags & FS) != 0);
+        g->SetPostJitterFlag((c.flags & PJ) != 0);
+        area->SetTextFilterMode(c.textFilter);
         area->SetLineAntialiasingEnabled(c.lineAntialiasing);
         area->SetTransparencyEnabled(c.transparency);
         Draw(c.pass, c.polygonMode);
-        if (c.deferredAs < 0) {
-            EXPECT_EQ(area->GetTransparentNodeListSize(), 0);
-            EXPECT_EQ(g->draws.size(), 1u);
-            continue;
+        EXPECT_EQ(g->draws.size(), c.outcome == kDrawn ? 1u : 0u);
+        ASSERT_EQ(area->GetTransparentNodeListSize(), c.outcome >= 0 ? 1 : 0);
+        if (c.outcome >= 0) {
+            EXPECT_EQ(area->GetTransparentNodeInfo(0)->node, shape);
+            EXPECT_EQ(area->GetTransparentNodeInfo(0)->type, c.outcome);
         }
-        ASSERT_EQ(area->GetTransparentNodeListSize(), 1);
-        EXPECT_EQ(area->GetTransparentNodeInfo(0)->node, shape);
-        EXPECT_EQ(area->GetTransparentNodeInfo(0)->type, c.deferredAs);
-        EXPECT_TRUE(g->draws.empty());
     }
 }
 

@@ -213,7 +213,8 @@ TEST_F(CVGeometryGLTest, BracketTexturesWithATextureAndTexturingOnAndRestoresEna
     auto* appearance = Make<CVAppearance>();
     const struct {
         bool texture, texturing, appearance, textured;
-    } cases[] = {{false, true, true, false}, {true, true, true, true}, {true, false, true, false}, {true, true, false, false}};
+    } cases[] = {{false, true, true, false}, {true, true, true, true},
+                 {true, false, true, false}, {true, true, false, false}};
     for (const auto& c : cases) {
         appearance->texture.SetValue(c.texture ? new CVTexture : nullptr);
         area->SetTexturingEnabled(c.texturing);

@@ -61,18 +61,20 @@ TEST_F(CVMaterialGLTest, OnlyChangedValuesAreResent) {
         }
         c.change(second);
         first.Render(nullptr, area);
-        for (GLenum what : {GL_SPECULAR, GL_EMISSION, GL_AMBIENT}) glMaterialfv(GL_FRONT_AND_BACK, what, sentinel.data());
+        for (GLenum what : {GL_SPECULAR, GL_EMISSION, GL_AMBIENT})
+            glMaterialfv(GL_FRONT_AND_BACK, what, sentinel.data());
         glMaterialf(GL_FRONT_AND_BACK, GL_SHININESS, 7.0f);
         glColor4fv(sentinel.data());
         second.Render(nullptr, area);
 
         // Colour and ambient go out every time.
         const float a = 1.0f - second.transparency.GetValue();
-        const RGBColorStruct& d = second.diffuseColor.GetValue();
+        const RGBColorStruct &d = second.diffuseColor.GetValue(), &sp = second.specularColor.GetValue(),
+                             &e = second.emissiveColor.GetValue();
         EXPECT_TRUE(RgbaNear(GetRgba(GL_CURRENT_COLOR), Scaled(d, 1.0f, a)));
         EXPECT_TRUE(RgbaNear(Front(GL_AMBIENT), Scaled(d, second.ambientIntensity.GetValue(), a)));
-        EXPECT_TRUE(RgbaNear(Front(GL_SPECULAR), c.specular ? Scaled(second.specularColor.GetValue(), 1, a) : sentinel));
-        EXPECT_TRUE(RgbaNear(Front(GL_EMISSION), c.emission ? Scaled(second.emissiveColor.GetValue(), 1, a) : sentinel));
+        EXPECT_TRUE(RgbaNear(Front(GL_SPECULAR), c.specular ? Scaled(sp, 1, a) : sentinel));
+        EXPECT_TRUE(RgbaNear(Front(GL_EMISSION), c.emission ? Scaled(e, 1, a) : sentinel));
         EXPECT_FLOAT_EQ(Front(GL_SHININESS)[0], c.shininess ? second.shininess.GetValue() * 128.0f : 7.0f);
     }
 }

@@ -124,7 +124,7 @@ TEST_F(CVCacheManagerGLTest, TrueColourImageMapCodes) {
         {"Overlay5", [](CVGeometry& g) { g.SetCrdOverlayIndex(5); }, 0x00010203, false, Bytes(20 | 1, 2, 3)},
         {"PieSlice", [](CVGeometry& g) { g.SetDetailPieSlice(1); }, -7, false, Bytes(128, 0, 7)},
         {"GraphShape", [](CVGeometry& g) { g.SetGraphShapeFlag(1); }, 0x02000009, false, Bytes(2 * 4 + 4, 0, 9)},
-        {"GraphShape15SetsNothing", [](CVGeometry& g) { g.SetGraphShapeFlag(1); }, 0x0F000001, false, Bytes(11, 22, 33)},
+        {"Graph15SetsNothing", [](CVGeometry& g) { g.SetGraphShapeFlag(1); }, 0x0F000001, false, Bytes(11, 22, 33)},
         {"Overlay16SetsNothing", [](CVGeometry& g) { g.SetCrdOverlayIndex(16); }, 1, false, Bytes(11, 22, 33)},
     });
 }

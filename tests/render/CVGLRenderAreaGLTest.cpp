@@ -48,7 +48,8 @@ TEST_F(CVGLRenderAreaGLTest, InitializeLeavesTheDocumentedGLState) {
     glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, &mag);
     EXPECT_EQ(std::vector<GLint>({GetInts(GL_DEPTH_FUNC)[0], GetInts(GL_BLEND_SRC)[0], GetInts(GL_BLEND_DST)[0],
                                   GetInts(GL_MATRIX_MODE)[0], env, mag}),
-              std::vector<GLint>({GL_LEQUAL, GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_MODELVIEW, GL_MODULATE, GL_NEAREST}));
+              std::vector<GLint>(
+                  {GL_LEQUAL, GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_MODELVIEW, GL_MODULATE, GL_NEAREST}));
     EXPECT_GE(area->GetMaxLights(), 8);
     EXPECT_EQ(area->GetStipplePattern(), 0);
     GLubyte stipple[128];
@@ -199,7 +200,8 @@ TEST_F(CVGLRenderAreaGLTest, ShadowMatrixProjectsAlongTheLight) {
     const float L[4] = {0.5f, 0.45f, 1.0f - 20.0f, 0.0f}, P[4] = {0.0f, 0.0f, 0.02f, -0.02f};
     for (int col = 0; col < 4; ++col)
         for (int row = 0; row < 4; ++row)
-            EXPECT_NEAR(m[col * 4 + row], (row == col ? P[2] * L[2] : 0.0f) - L[row] * P[col], 1e-6) << row << "," << col;
+            EXPECT_NEAR(m[col * 4 + row], (row == col ? P[2] * L[2] : 0.0f) - L[row] * P[col], 1e-6)
+                << row << "," << col;
 
     CVDirectionalLight light;
     light.direction.SetValue(1.0f, 2.0f, -1.0f);
