@@ -1,13 +1,14 @@
 #pragma once
-// Pieces shared by the action suites: an action that logs the walk, a
-// geometry that records how it was drawn, a render action that draws in
-// PreActOn, and the headless GL fixture.
+// Pieces shared by the action suites (and the camera and light suites): an
+// action that logs the walk, a geometry that records how it was drawn, a
+// render action that draws in PreActOn, and the headless GL fixture.
 #include <gtest/gtest.h>
 
 #include <GL/gl.h>
 
 #include <cmath>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <string>
 #include <vector>
@@ -21,9 +22,12 @@
 #include "nodes/CVAppearance.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVGLRenderArea.h"
+#include "support/CVGLQuery.h"
 #include "support/CVTestBitmap.h"
 
 namespace cvtest {
+
+using Log = std::vector<std::string>;
 
 // Logs every callback as "pre A", "post A", "push", "pop" with the labels
 // given to nodes; unlabelled nodes log as "?". onPre runs after logging.
@@ -54,18 +58,22 @@ public:
     }
 
     std::map<CVNode*, std::string> labels;
-    std::vector<std::string> log;
+    Log log;
     std::function<void(CVNode*)> onPre;
 };
+
+inline CArray<CVNode*, CVNode*> Path(std::initializer_list<CVNode*> nodes) {
+    CArray<CVNode*, CVNode*> path;
+    for (CVNode* n : nodes) path.Add(n);
+    return path;
+}
 
 // What one call of TestGeometry::Render saw.
 struct DrawRecord {
     CVAppearance* appearance;
     float color[4];
-    CVMatrix modelView;
-    CVMatrix textureMatrix;
-    bool stipple;
-    bool lighting;
+    CVMatrix modelView, textureMatrix;
+    bool stipple, lighting;
     GLint nameStackDepth;
 };
 
@@ -81,14 +89,11 @@ public:
         DrawRecord r;
         r.appearance = appearance;
         glGetFloatv(GL_CURRENT_COLOR, r.color);
-        GLfloat m[16];
-        glGetFloatv(GL_MODELVIEW_MATRIX, m);
-        r.modelView.SetValue(m);
-        glGetFloatv(GL_TEXTURE_MATRIX, m);
-        r.textureMatrix.SetValue(m);
+        r.modelView = GetMatrix(GL_MODELVIEW_MATRIX);
+        r.textureMatrix = GetMatrix(GL_TEXTURE_MATRIX);
         r.stipple = glIsEnabled(GL_POLYGON_STIPPLE) != 0;
         r.lighting = glIsEnabled(GL_LIGHTING) != 0;
-        glGetIntegerv(GL_NAME_STACK_DEPTH, &r.nameStackDepth);
+        r.nameStackDepth = GetInt(GL_NAME_STACK_DEPTH);
         draws.push_back(r);
     }
     void ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* target) override { target->Union(&box); }
@@ -124,11 +129,7 @@ protected:
         CVGLRenderArea::SetInflateWorld(1);
     }
 
-    static CVMatrix ModelView() {
-        GLfloat m[16];
-        glGetFloatv(GL_MODELVIEW_MATRIX, m);
-        return CVMatrix(m);
-    }
+    static CVMatrix ModelView() { return GetMatrix(GL_MODELVIEW_MATRIX); }
 
     CVTestBitmap bitmap;
     CVBitmapDevice device;
@@ -137,14 +138,20 @@ protected:
 
 // Element-wise comparison with a tolerance for float round-off in GL.
 inline ::testing::AssertionResult MatrixNear(const CVMatrix& a, const CVMatrix& b, float tolerance = 1e-5f) {
-    for (int r = 0; r < 4; ++r) {
-        for (int c = 0; c < 4; ++c) {
-            if (std::fabs(a.m[r][c] - b.m[r][c]) > tolerance) {
+    for (int r = 0; r < 4; ++r)
+        for (int c = 0; c < 4; ++c)
+            if (std::fabs(a.m[r][c] - b.m[r][c]) > tolerance)
                 return ::testing::AssertionFailure() << "element [" << r << "][" << c << "]: " << a.m[r][c]
                                                      << " vs " << b.m[r][c];
-            }
-        }
-    }
+    return ::testing::AssertionSuccess();
+}
+
+// Components of a vector or point within a tolerance.
+template <class A, class B>
+::testing::AssertionResult Near3(const A& a, const B& b, float tolerance = 1e-5f) {
+    if (std::fabs(a.x - b.x) > tolerance || std::fabs(a.y - b.y) > tolerance || std::fabs(a.z - b.z) > tolerance)
+        return ::testing::AssertionFailure() << "(" << a.x << ", " << a.y << ", " << a.z << ") vs (" << b.x << ", "
+                                             << b.y << ", " << b.z << ")";
     return ::testing::AssertionSuccess();
 }
 

@@ -1,36 +1,29 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
+#include "actions/CVActionTestSupport.h"
 #include "actions/CVGetBoundingBoxAction.h"
-#include "nodes/CVOrthographicCamera.h"
 #include "actions/CVGroup.h"
 #include "actions/CVShape.h"
 #include "actions/CVTransform.h"
-#include "actions/CVActionTestSupport.h"
+#include "nodes/CVClipPlane.h"
+#include "nodes/CVOrthographicCamera.h"
 
 namespace {
 
+using cvtest::Near3;
 using cvtest::TestGeometry;
+using P = Point3fStruct;
 
-// Adds a clip plane to the box it is asked for, as clip-plane nodes do.
-class ClipNode : public CVChild {
+// Records the GL state in force when its box is asked for; its box is its origin.
+class Probe : public CVChild {
 public:
-    ClipNode(Point3fStruct normal, float d) : m_normal(normal), m_d(d) {}
-    void ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* box) override { box->AddClipInfo(m_normal, m_d); }
-
-private:
-    Point3fStruct m_normal;
-    float m_d;
-};
-
-// Records how deep the GL attribute stack is when its box is asked for.
-class DepthProbe : public CVChild {
-public:
-    void ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f*) override {
-        glGetIntegerv(GL_ATTRIB_STACK_DEPTH, &attribDepth);
+    void ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* box) override {
+        attribDepth = cvtest::GetInt(GL_ATTRIB_STACK_DEPTH);
+        const CVMatrix mv = cvtest::GetMatrix(GL_MODELVIEW_MATRIX), pr = cvtest::GetMatrix(GL_PROJECTION_MATRIX);
+        eyeZ = mv.m[2][3];
+        projectionX = pr.m[0][0];
+        box->Union(P{0.0f, 0.0f, 0.0f});
     }
     GLint attribDepth = -1;
+    float eyeZ = 0.0f, projectionX = 0.0f;
 };
 
 CVShape* MakeShape(TestGeometry*& geometry) {
@@ -40,20 +33,14 @@ CVShape* MakeShape(TestGeometry*& geometry) {
     return shape;
 }
 
-void ExpectBox(const CVBox3f& box, Point3fStruct center, Point3fStruct size) {
-    EXPECT_NEAR(box.GetCenter().x, center.x, 1e-5f);
-    EXPECT_NEAR(box.GetCenter().y, center.y, 1e-5f);
-    EXPECT_NEAR(box.GetCenter().z, center.z, 1e-5f);
-    EXPECT_NEAR(box.GetSize().x, size.x, 1e-5f);
-    EXPECT_NEAR(box.GetSize().y, size.y, 1e-5f);
-    EXPECT_NEAR(box.GetSize().z, size.z, 1e-5f);
+::testing::AssertionResult BoxIs(const CVBox3f& box, P center, P size) {
+    auto r = Near3(box.GetCenter(), center);
+    return r ? Near3(box.GetSize(), size) : r;
 }
 
-void ExpectFields(const CVGroup* g, Point3fStruct center, Point3fStruct size) {
-    CVBox3f box;
-    box.SetCenter(g->bboxCenter.GetValue());
-    box.SetSize(g->bboxSize.GetValue());
-    ExpectBox(box, center, size);
+::testing::AssertionResult FieldsAre(const CVGroup* g, P center, P size) {
+    auto r = Near3(g->bboxCenter.GetValue(), center);
+    return r ? Near3(g->bboxSize.GetValue(), size) : r;
 }
 
 // root [xf (scale 2, translation (1,0,0)) [shape (unit box)]]
@@ -71,145 +58,101 @@ protected:
     CVGroup* root = new CVGroup;
     CVTransform* xf = new CVTransform;
     TestGeometry* geometry = nullptr;
+    CVGetBoundingBoxAction action{area};
 };
 
-TEST_F(CVGetBoundingBoxActionGLTest, TransformedChildBoxesAndWriteBack) {
-    CVGetBoundingBoxAction action(area);
-    ASSERT_EQ(action.Apply(root), 1);
-    ExpectBox(action.GetBoundingBox(), {1, 0, 0}, {2, 2, 2});
-    ExpectFields(root, {1, 0, 0}, {2, 2, 2});
-    ExpectFields(xf, {0, 0, 0}, {1, 1, 1});  // the transform keeps its children's own box
-    GLint depth = 0;
-    glGetIntegerv(GL_MODELVIEW_STACK_DEPTH, &depth);
-    EXPECT_EQ(depth, 1);
-}
-
-TEST_F(CVGetBoundingBoxActionGLTest, EveryGroupApplyStartsAfreshAndWriteBackCanBeOff) {
-    CVGetBoundingBoxAction action(area);
+TEST_F(CVGetBoundingBoxActionGLTest, TransformedChildBoxesFreshEveryApplyAndWrittenBack) {
     action.SetNodeBoundingBoxes(0);
     action.Apply(root);
     xf->translation.SetValue(-5.0f, 0.0f, 0.0f);
     action.Apply(root);
-    ExpectBox(action.GetBoundingBox(), {-5, 0, 0}, {2, 2, 2});
+    EXPECT_TRUE(BoxIs(action.GetBoundingBox(), {-5, 0, 0}, {2, 2, 2}));
     EXPECT_EQ(root->bboxSize.GetValue().x, -1.0f);
     EXPECT_EQ(xf->bboxSize.GetValue().x, -1.0f);
+
+    xf->translation.SetValue(1.0f, 0.0f, 0.0f);
+    action.SetNodeBoundingBoxes(1);
+    ASSERT_EQ(action.Apply(root), 1);
+    EXPECT_TRUE(BoxIs(action.GetBoundingBox(), {1, 0, 0}, {2, 2, 2}));
+    EXPECT_TRUE(FieldsAre(root, {1, 0, 0}, {2, 2, 2}));
+    EXPECT_TRUE(FieldsAre(xf, {0, 0, 0}, {1, 1, 1}));  // the transform keeps its children's own box
+    EXPECT_EQ(cvtest::GetInt(GL_MODELVIEW_STACK_DEPTH), 1);
 }
 
 TEST_F(CVGetBoundingBoxActionGLTest, LeavesAccumulateWithoutReset) {
-    CVGetBoundingBoxAction action(area);
     TestGeometry* g = nullptr;
     CVShape* shape = MakeShape(g);
     shape->Ref();
     action.Apply(shape);
     g->box.SetCenter(3.0f, 0.0f, 0.0f);
     action.Apply(shape);
-    ExpectBox(action.GetBoundingBox(), {1.5f, 0, 0}, {4, 1, 1});
+    EXPECT_TRUE(BoxIs(action.GetBoundingBox(), {1.5f, 0, 0}, {4, 1, 1}));
     shape->Unref();
 }
 
 TEST_F(CVGetBoundingBoxActionGLTest, ClipPlanesActUpToTheirGroup) {
-    // clipped [clip x >= 0, shape]; then a shape at x = -3 beside it.
+    // scene [clipped [clip x >= 0, shape], shape at x = -3]
     CVGroup* clipped = new CVGroup;
-    TestGeometry* inside = nullptr;
-    clipped->children.Add(new ClipNode({1, 0, 0}, 0.0f));
+    TestGeometry *inside = nullptr, *beside = nullptr;
+    clipped->children.Add(new CVClipPlane);
     clipped->children.Add(MakeShape(inside));
-    TestGeometry* beside = nullptr;
     CVGroup* scene = new CVGroup;
     scene->Ref();
     scene->children.Add(clipped);
     scene->children.Add(MakeShape(beside));
     beside->box.SetCenter(-3.0f, 0.0f, 0.0f);
 
-    CVGetBoundingBoxAction action(area);
     action.Apply(scene);
-    ExpectFields(clipped, {0.25f, 0, 0}, {0.5f, 1, 1});
-    ExpectBox(action.GetBoundingBox(), {-1.5f, 0, 0}, {4, 1, 1});
+    EXPECT_TRUE(FieldsAre(clipped, {0.25f, 0, 0}, {0.5f, 1, 1}));
+    EXPECT_TRUE(BoxIs(action.GetBoundingBox(), {-1.5f, 0, 0}, {4, 1, 1}));
     EXPECT_EQ(action.GetBoundingBox().HaveClipList(), 0);
     scene->Unref();
 }
 
 TEST_F(CVGetBoundingBoxActionGLTest, FastApplyGivesTheBoxWithoutGLPushesOrWriteBack) {
-    DepthProbe* probe = new DepthProbe;
+    Probe* probe = new Probe;
     xf->children.Add(probe);
-    GLint outside = 0;
-    glGetIntegerv(GL_ATTRIB_STACK_DEPTH, &outside);
-
-    CVGetBoundingBoxAction action(area);
+    const GLint outside = cvtest::GetInt(GL_ATTRIB_STACK_DEPTH);
     action.FastApply(root);
-    ExpectBox(action.GetBoundingBox(), {1, 0, 0}, {2, 2, 2});
+    EXPECT_TRUE(BoxIs(action.GetBoundingBox(), {1, 0, 0}, {2, 2, 2}));
     EXPECT_EQ(probe->attribDepth, outside);
     EXPECT_EQ(root->bboxSize.GetValue().x, -1.0f);
-
     action.Apply(root);
     EXPECT_EQ(probe->attribDepth, outside + 2);
 }
 
 TEST_F(CVGetBoundingBoxActionGLTest, PathApplyBoundsTheLastNodeThroughTheTransformsAbove) {
     CVGroup* inner = new CVGroup;
-    TestGeometry* g = nullptr;
+    TestGeometry *g = nullptr, *distant = nullptr;
     inner->children.Add(MakeShape(g));
     xf->children.Add(inner);
-    TestGeometry* distant = nullptr;
     root->children.Add(MakeShape(distant));
     distant->box.SetCenter(100.0f, 0.0f, 0.0f);
     g->box.SetCenter(0.0f, 1.0f, 0.0f);
 
-    CArray<CVNode*, CVNode*> path;
-    path.Add(root);
-    path.Add(xf);
-    path.Add(inner);
-    CVGetBoundingBoxAction action(area);
-    ASSERT_EQ(action.Apply(path), 1);
-    ExpectBox(action.GetBoundingBox(), {1, 2, 0}, {2, 2, 2});
-    ExpectFields(inner, {0, 1, 0}, {1, 1, 1});
+    ASSERT_EQ(action.Apply(cvtest::Path({root, xf, inner})), 1);
+    EXPECT_TRUE(BoxIs(action.GetBoundingBox(), {1, 2, 0}, {2, 2, 2}));
+    EXPECT_TRUE(FieldsAre(inner, {0, 1, 0}, {1, 1, 1}));
     EXPECT_EQ(xf->bboxSize.GetValue().x, -1.0f);  // only the last node's subtree is written
-
-    CArray<CVNode*, CVNode*> empty;
-    EXPECT_EQ(action.Apply(empty), 0);
+    EXPECT_EQ(action.Apply(cvtest::Path({})), 0);
 }
-
-}  // namespace
-
-namespace {
-
-// Records the model-view z translation and projection x scale in force when
-// its box is asked for.
-class MatrixProbe : public CVChild {
-public:
-    void ComputeBoundingBox(CVState*, CVGLRenderArea*, CVBox3f* box) override {
-        GLfloat mv[16], pr[16];
-        glGetFloatv(GL_MODELVIEW_MATRIX, mv);
-        glGetFloatv(GL_PROJECTION_MATRIX, pr);
-        eyeZ = mv[14];
-        projectionX = pr[0];
-        box->Union(Point3fStruct{0.0f, 0.0f, 0.0f});
-    }
-    float eyeZ = 0.0f;
-    float projectionX = 0.0f;
-};
 
 TEST_F(CVGetBoundingBoxActionGLTest, CameraApplyWalksUnderTheCamerasViewAndRestoresIt) {
     CVOrthographicCamera camera;
     camera.position.SetValue(0.0f, 0.0f, 7.0f);
     camera.height.SetValue(4.0f);
-    MatrixProbe* probe = new MatrixProbe;
+    Probe* probe = new Probe;
     xf->children.Add(probe);
-    CVGLRenderArea::SetInflateWorld(0);
-    glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     glTranslatef(0.0f, 0.0f, 3.0f);  // the caller's matrices must not leak in
 
-    CVGetBoundingBoxAction action(area);
     ASSERT_EQ(action.Apply(root, &camera), 1);
-    EXPECT_FLOAT_EQ(probe->eyeZ, -7.0f);             // view only, then the transform's own 0 z
+    EXPECT_FLOAT_EQ(probe->eyeZ, -7.0f);                 // view only, then the transform's own 0 z
     EXPECT_NEAR(probe->projectionX, 2.0f / 4.0f, 1e-6);  // ortho height 4, aspect 1
-    ExpectBox(action.GetBoundingBox(), {1, 0, 0}, {2, 2, 2});  // still in the root's coordinates
-    GLfloat mv[16];
-    glGetFloatv(GL_MODELVIEW_MATRIX, mv);
-    EXPECT_FLOAT_EQ(mv[14], 3.0f);
+    EXPECT_TRUE(BoxIs(action.GetBoundingBox(), {1, 0, 0}, {2, 2, 2}));  // still in the root's coordinates
+    EXPECT_FLOAT_EQ(ModelView().m[2][3], 3.0f);
     EXPECT_EQ(action.Apply(root, nullptr), 1);  // plain Apply
     EXPECT_FLOAT_EQ(probe->eyeZ, 3.0f);
-    CVGLRenderArea::SetInflateWorld(1);
 }
 
 }  // namespace

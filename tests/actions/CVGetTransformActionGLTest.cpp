@@ -1,22 +1,16 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
 #include <GL/glu.h>
 
+#include "actions/CVActionTestSupport.h"
 #include "actions/CVGetTransformAction.h"
 #include "actions/CVGroup.h"
 #include "actions/CVShape.h"
 #include "actions/CVSwitch.h"
 #include "actions/CVTransform.h"
-#include "actions/CVActionTestSupport.h"
 
 namespace {
 
-void ExpectPoint(const Point3fStruct& p, float x, float y, float z, float tolerance = 1e-4f) {
-    EXPECT_NEAR(p.x, x, tolerance);
-    EXPECT_NEAR(p.y, y, tolerance);
-    EXPECT_NEAR(p.z, z, tolerance);
-}
+using cvtest::Near3;
+using P = Point3fStruct;
 
 // root [xf (translation (0.5,0,0), scale 0.5) [shape]] seen through an
 // orthographic -1..1 cube on the 64 x 64 viewport.
@@ -28,9 +22,6 @@ protected:
         xf->translation.SetValue(0.5f, 0.0f, 0.0f);
         xf->scale.SetValue(0.5f, 0.5f, 0.5f);
         xf->children.Add(shape);
-        path.Add(root);
-        path.Add(xf);
-        path.Add(shape);
         glMatrixMode(GL_PROJECTION);
         glLoadIdentity();
         glOrtho(-1.0, 1.0, -1.0, 1.0, -1.0, 1.0);
@@ -43,40 +34,37 @@ protected:
         glMatrixMode(GL_MODELVIEW);
         root->Unref();
     }
+    P Map(P in) {
+        P out{-9, -9, -9};
+        EXPECT_EQ(action.TransformCoord(in, out), 1);
+        return out;
+    }
 
     CVGroup* root = new CVGroup;
     CVTransform* xf = new CVTransform;
     CVShape* shape = new CVShape;
-    CArray<CVNode*, CVNode*> path;
+    CArray<CVNode*, CVNode*> path = cvtest::Path({root, xf, shape});
+    CVGetTransformAction action{area};
 };
 
-TEST_F(CVGetTransformActionGLTest, ObjectPointsMapToWindowThroughThePath) {
-    CVGetTransformAction action(area);
+TEST_F(CVGetTransformActionGLTest, ObjectPointsMapToWindowThroughThePathOrNode) {
     ASSERT_EQ(action.Apply(path), 1);
-    Point3fStruct w;
-    ASSERT_EQ(action.TransformCoord({0, 0, 0}, w), 1);
-    ExpectPoint(w, 48, 32, 0.5f);
-    action.TransformCoord({1, 1, 0}, w);
-    ExpectPoint(w, 64, 48, 0.5f);
-
+    EXPECT_TRUE(Near3(Map({0, 0, 0}), P{48, 32, 0.5f}));
+    EXPECT_TRUE(Near3(Map({1, 1, 0}), P{64, 48, 0.5f}));
     // Sizes are mapped as vectors, not as points.
+    P w;
     ASSERT_EQ(action.TransformSize({1, 1, 0}, w), 1);
-    ExpectPoint(w, 16, 16, 0);
+    EXPECT_TRUE(Near3(w, P{16, 16, 0}));
     action.SetTransformType(CVGetTransformAction::WindowToObject);
     action.TransformSize({16, 16, 0}, w);
-    ExpectPoint(w, 1, 1, 0);
-}
+    EXPECT_TRUE(Near3(w, P{1, 1, 0}));
 
-TEST_F(CVGetTransformActionGLTest, ApplyingToATransformIncludesItsOwnMatrix) {
-    CVGetTransformAction action(area);
+    // A transform applied to includes its own matrix; the root alone stays in root coordinates.
+    action.SetTransformType(CVGetTransformAction::ObjectToWindow);
     ASSERT_EQ(action.Apply(xf), 1);
-    Point3fStruct w;
-    action.TransformCoord({0, 0, 0}, w);
-    ExpectPoint(w, 48, 32, 0.5f);
-    // Applying to the root alone stays in root coordinates.
+    EXPECT_TRUE(Near3(Map({0, 0, 0}), P{48, 32, 0.5f}));
     action.Apply(root);
-    action.TransformCoord({0, 0, 0}, w);
-    ExpectPoint(w, 32, 32, 0.5f);
+    EXPECT_TRUE(Near3(Map({0, 0, 0}), P{32, 32, 0.5f}));
 }
 
 TEST_F(CVGetTransformActionGLTest, PointsRoundTripUnderPerspective) {
@@ -87,46 +75,33 @@ TEST_F(CVGetTransformActionGLTest, PointsRoundTripUnderPerspective) {
     glTranslatef(0.0f, 0.0f, -5.0f);
     xf->rotation.SetValue(1.0f, 1.0f, 0.0f, 0.6f);
 
-    CVGetTransformAction action(area);
     action.Apply(path);
-    const Point3fStruct p{0.3f, -0.2f, 0.4f};
-    Point3fStruct w, back;
-    ASSERT_EQ(action.TransformCoord(p, w), 1);
+    const P p{0.3f, -0.2f, 0.4f};
+    const P w = Map(p);
     EXPECT_GT(w.z, 0.0f);
     EXPECT_LT(w.z, 1.0f);
     action.SetTransformType(CVGetTransformAction::WindowToObject);
-    ASSERT_EQ(action.TransformCoord(w, back), 1);
-    ExpectPoint(back, p.x, p.y, p.z, 1e-3f);
-    // The walk left the caller's matrices in place.
-    EXPECT_NEAR(ModelView().m[2][3], -5.0f, 1e-6f);
+    EXPECT_TRUE(Near3(Map(w), p, 1e-3f));
+    EXPECT_NEAR(ModelView().m[2][3], -5.0f, 1e-6f);  // the walk left the caller's matrices in place
 }
 
 TEST_F(CVGetTransformActionGLTest, UnknownTypeAndUnreachedPathGiveZeros) {
-    CVGetTransformAction action(area);
     action.Apply(path);
     action.SetTransformType((CVGetTransformAction::TransformType)7);
     float x = 1, y = 1, z = 1;
     EXPECT_EQ(action.TransformCoord(0.5f, 0.5f, 0.5f, x, y, z), 0);
-    EXPECT_EQ(x, 0.0f);
-    EXPECT_EQ(z, 0.0f);
+    EXPECT_TRUE(x == 0.0f && y == 0.0f && z == 0.0f);
 
     // A switch that chose another child never reaches the path's end.
     CVSwitch* sw = new CVSwitch;
-    CVShape* other = new CVShape;
     CVShape* wanted = new CVShape;
-    sw->choice.Add(other);
+    sw->choice.Add(new CVShape);
     sw->choice.Add(wanted);
     sw->whichChoice.SetValue(0);
     root->children.Add(sw);
-    CArray<CVNode*, CVNode*> toWanted;
-    toWanted.Add(root);
-    toWanted.Add(sw);
-    toWanted.Add(wanted);
     action.SetTransformType(CVGetTransformAction::ObjectToWindow);
-    EXPECT_EQ(action.Apply(toWanted), 0);
-    Point3fStruct w;
-    action.TransformCoord({0, 0, 0}, w);  // identity matrices, empty viewport
-    ExpectPoint(w, 0, 0, 0.5f);
+    EXPECT_EQ(action.Apply(cvtest::Path({root, sw, wanted})), 0);
+    EXPECT_TRUE(Near3(Map({0, 0, 0}), P{0, 0, 0.5f}));  // identity matrices, empty viewport
 }
 
 }  // namespace

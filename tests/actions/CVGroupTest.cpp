@@ -1,15 +1,9 @@
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "actions/CVGroup.h"
 #include "actions/CVActionTestSupport.h"
-
-using cvtest::LogAction;
-using Log = std::vector<std::string>;
+#include "actions/CVGroup.h"
 
 namespace {
+
+using cvtest::Log;
 
 // root [a, b [c, d], e]
 class CVGroupTest : public ::testing::Test {
@@ -23,7 +17,7 @@ protected:
         b->children.Add(d);
         action.labels = {{root, "root"}, {a, "a"}, {b, "b"}, {c, "c"}, {d, "d"}, {e, "e"}};
     }
-    ~CVGroupTest() noexcept override { root->Unref(); }
+    ~CVGroupTest() override { root->Unref(); }
 
     CVGroup* root = new CVGroup;
     CVChild* a = new CVChild;
@@ -31,51 +25,42 @@ protected:
     CVChild* c = new CVChild;
     CVChild* d = new CVChild;
     CVChild* e = new CVChild;
-    LogAction action;
+    cvtest::LogAction action;
 };
 
-TEST_F(CVGroupTest, FreeWalkBracketsEveryGroupWithItsState) {
+TEST_F(CVGroupTest, FreeWalkBracketsEveryGroupAndAClearedFlagStillClosesThem) {
     action.Apply(root);
-    EXPECT_EQ(action.log, (Log{"push", "pre root", "pre a", "post a", "push", "pre b", "pre c", "post c",
-                               "pre d", "post d", "post b", "pop", "pre e", "post e", "post root", "pop"}));
-    EXPECT_EQ(action.GetState()->m_nDepth, -1);
-}
-
-TEST_F(CVGroupTest, PathWalkVisitsOnlyThePathAndStopsAtItsEnd) {
-    CArray<CVNode*, CVNode*> path;
-    path.Add(root);
-    path.Add(b);
-    path.Add(d);
-    root->Traverse(&action, &path, 0);
-    EXPECT_EQ(action.log, (Log{"push", "pre root", "push", "pre b", "pre d", "post d", "post b", "pop",
-                               "post root", "pop"}));
-
-    // A path ending at a group does not open the group.
+    EXPECT_EQ(action.log, (Log{"push", "pre root", "pre a", "post a", "push", "pre b", "pre c", "post c", "pre d",
+                               "post d", "post b", "pop", "pre e", "post e", "post root", "pop"}));
     action.log.clear();
-    path.RemoveAt(2);
-    root->Traverse(&action, &path, 0);
-    EXPECT_EQ(action.log, (Log{"push", "pre root", "push", "pre b", "post b", "pop", "post root", "pop"}));
-}
-
-TEST_F(CVGroupTest, PathIsFollowedEvenWhereItLeavesTheChildren) {
-    CVChild* stranger = new CVChild;
-    action.labels[stranger] = "stranger";
-    CArray<CVNode*, CVNode*> path;
-    path.Add(root);
-    path.Add(stranger);
-    root->Traverse(&action, &path, 0);
-    EXPECT_EQ(action.log, (Log{"push", "pre root", "pre stranger", "post stranger", "post root", "pop"}));
-    delete stranger;
-}
-
-TEST_F(CVGroupTest, ClearedContinueFlagSkipsTheRestButStillClosesEveryGroup) {
     action.onPre = [&](CVNode* n) {
         if (n == c) action.Stop();
     };
     action.Apply(root);
-    EXPECT_EQ(action.log, (Log{"push", "pre root", "pre a", "post a", "push", "pre b", "pre c", "post c",
-                               "post b", "pop", "post root", "pop"}));
+    EXPECT_EQ(action.log, (Log{"push", "pre root", "pre a", "post a", "push", "pre b", "pre c", "post c", "post b",
+                               "pop", "post root", "pop"}));
     EXPECT_EQ(action.GetState()->m_nDepth, -1);
+}
+
+TEST_F(CVGroupTest, PathWalkVisitsOnlyThePath) {
+    CVChild stranger;
+    action.labels[&stranger] = "stranger";
+    const struct {
+        const char* name;
+        std::initializer_list<CVNode*> path;
+        Log log;
+    } cases[] = {
+        {"ToALeaf", {root, b, d}, {"push", "pre root", "push", "pre b", "pre d", "post d", "post b", "pop", "post root", "pop"}},
+        {"EndingAtAGroupDoesNotOpenIt", {root, b}, {"push", "pre root", "push", "pre b", "post b", "pop", "post root", "pop"}},
+        {"LeavingTheChildren", {root, &stranger}, {"push", "pre root", "pre stranger", "post stranger", "post root", "pop"}},
+    };
+    for (const auto& t : cases) {
+        SCOPED_TRACE(t.name);
+        action.log.clear();
+        auto path = cvtest::Path(t.path);
+        root->Traverse(&action, &path, 0);
+        EXPECT_EQ(action.log, t.log);
+    }
 }
 
 TEST_F(CVGroupTest, ChildrenAddedDuringTheWalkAreVisited) {
@@ -101,9 +86,7 @@ TEST_F(CVGroupTest, RecordingGroupsLeaveTheirChainInPathZero) {
     action.GetState()->m_bRecordPath = 1;
     action.Apply(root);
     action.GetState()->m_bRecordPath = 0;
-    ASSERT_EQ(seen.size(), 2u);
-    EXPECT_EQ(seen[0], (std::vector<CVNode*>{root, b}));
-    EXPECT_EQ(seen[1], (std::vector<CVNode*>{root}));
+    EXPECT_EQ(seen, (std::vector<std::vector<CVNode*>>{{root, b}, {root}}));
 }
 
 }  // namespace

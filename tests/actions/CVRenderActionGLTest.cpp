@@ -1,19 +1,9 @@
 // Whole frames into a headless bitmap (and one X11 window), checked on the
 // DIB's pixels after Apply, whose swap brings GL's pixels into the DIB.
-#include <gtest/gtest.h>
-
-#include <ostream>
-
-#include <GL/gl.h>
-#include <X11/Xlib.h>
-#include <X11/Xutil.h>
-
-#include <cmath>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "actions/CVActionTestSupport.h"
 #include "actions/CVRenderAction.h"
@@ -22,28 +12,21 @@
 #include "image/CVImageFile.h"
 #include "nodes/CVPerspectiveCamera.h"
 #include "platform/BaseTsd.h"
-#include "platform/WinUser.h"
 #include "render/CVWindowDevice.h"
 #include "support/CVTestFiles.h"
 #include "support/CVTestWindow.h"
 
 namespace {
 
-using cvtest::MatrixNear;
-
 const uint32_t kRed = 0xFF0000, kGreen = 0x00FF00, kBlue = 0x0000FF, kYellow = 0xFFFF00;
 
 // What one draw of a Quad saw.
 struct Seen {
-    int pass;
-    int antialiasingMode;
-    CVMatrix modelView;
-    double projection[16];
+    int pass, antialiasingMode;
+    CVMatrix modelView, projection;
     GLint polygonMode;
-    GLfloat lineWidth;
-    GLboolean depthWrites;
-    bool blend, lighting, light0;
-    GLfloat light0Position[4], light0Ambient[4];
+    GLfloat lineWidth, light0Position[4], light0Ambient[4];
+    GLboolean depthWrites, light0;
 };
 
 // An unlit square (or its lower-left triangle) in object coordinates, drawn
@@ -56,17 +39,11 @@ public:
         Seen s;
         s.pass = state->m_nRenderPass;
         s.antialiasingMode = area->GetAntialiasingMode();
-        GLfloat m[16];
-        glGetFloatv(GL_MODELVIEW_MATRIX, m);
-        s.modelView.SetValue(m);
-        glGetDoublev(GL_PROJECTION_MATRIX, s.projection);
-        GLint modes[2];
-        glGetIntegerv(GL_POLYGON_MODE, modes);
-        s.polygonMode = modes[0];
+        s.modelView = cvtest::GetMatrix(GL_MODELVIEW_MATRIX);
+        s.projection = cvtest::GetMatrix(GL_PROJECTION_MATRIX);
+        s.polygonMode = cvtest::GetInt(GL_POLYGON_MODE);
         glGetFloatv(GL_LINE_WIDTH, &s.lineWidth);
         glGetBooleanv(GL_DEPTH_WRITEMASK, &s.depthWrites);
-        s.blend = glIsEnabled(GL_BLEND);
-        s.lighting = glIsEnabled(GL_LIGHTING);
         s.light0 = glIsEnabled(GL_LIGHT0);
         glGetLightfv(GL_LIGHT0, GL_POSITION, s.light0Position);
         glGetLightfv(GL_LIGHT0, GL_AMBIENT, s.light0Ambient);
@@ -104,10 +81,8 @@ class AnnotationGroup : public CVGroup {
 public:
     void Traverse(CVAction* action, const CArray<CVNode*, CVNode*>* path, int index) override {
         CVState* state = action->GetState();
-        if (state->m_nRenderPass == 1) {
-            static_cast<CVGLAction*>(action)->GetRenderArea()->AddToAnnotationNodeList(this, state);
-            return;
-        }
+        if (state->m_nRenderPass == 1)
+            return static_cast<CVGLAction*>(action)->GetRenderArea()->AddToAnnotationNodeList(this, state);
         CVGroup::Traverse(action, path, index);
     }
     void Render(CVState*, CVGLRenderArea*) override {
@@ -133,30 +108,35 @@ public:
     void CloneFrom(const CVRenderAction* other) { Clone(other); }
 };
 
-class Frame : public ::testing::Test {
+CVShape* ShapeOf(CVGeometry* g) {
+    auto* shape = new CVShape;
+    shape->geometry.SetValue(g);
+    return shape;
+}
+
+class CVRenderActionGLTest : public ::testing::Test {
 protected:
-    explicit Frame(int width = 64, int height = 64, int viewWidth = 0)
-        : bitmap(width, height), device(bitmap.GetDC()), m_nHeight(height) {
+    explicit CVRenderActionGLTest(int width = 64, int height = 64, int viewWidth = 0)
+        : bitmap(width, height), device(bitmap.GetDC()) {
         CVGLRenderArea::SetInflateWorld(0);
         area = new CVGLRenderArea(&device);
         area->Ref();
         area->SetRenderAreaToBitmap(1);
         area->SetViewport(0, 0, viewWidth ? viewWidth : width, height);
-        action = std::make_unique<ProbeAction>(area);
+        NewAction();
         root->Ref();
     }
-    ~Frame() override {
+    ~CVRenderActionGLTest() override {
         action.reset();
         root->Unref();
         area->Unref();
         CVGLRenderArea::SetInflateWorld(1);
     }
+    void NewAction() { action = std::make_unique<ProbeAction>(area); }
     // Pixel in GDI coordinates (y down), as 0xRRGGBB.
-    uint32_t At(int x, int y) const { return bitmap.Pixel(x, m_nHeight - 1 - y); }
+    uint32_t At(int x, int y) const { return bitmap.Pixel(x, bitmap.GetHeight() - 1 - y); }
     Quad* Add(CVGroup* parent, Quad* quad) {
-        auto* shape = new CVShape;
-        shape->geometry.SetValue(quad);
-        parent->children.Add(shape);
+        parent->children.Add(ShapeOf(quad));
         return quad;
     }
     void Prefill(COLORREF color) {
@@ -171,33 +151,18 @@ protected:
     CVGLRenderArea* area;
     std::unique_ptr<ProbeAction> action;
     CVGroup* root = new CVGroup;
-    int m_nHeight;
 };
 
 ::testing::AssertionResult Near(uint32_t got, uint32_t want, int tolerance = 0) {
-    for (int shift = 0; shift <= 16; shift += 8) {
+    for (int shift = 0; shift <= 16; shift += 8)
         if (std::abs((int)((got >> shift) & 0xFF) - (int)((want >> shift) & 0xFF)) > tolerance)
             return ::testing::AssertionFailure() << std::hex << "0x" << got << " vs 0x" << want;
-    }
     return ::testing::AssertionSuccess();
 }
 
-// ---- frame, clearing and defaults ----
+// ---- frame, clearing, deferred lists, passes, headlight, camera ----
 
-using CVRenderActionGLTest = Frame;
-
-TEST_F(CVRenderActionGLTest, DefaultsAndClone) {
-    EXPECT_EQ(action->GetSwapBuffersAfterRender(), 1);
-    EXPECT_EQ(action->GetClearColorBeforeRender(), 1);
-    EXPECT_EQ(action->IsHeadlightOn(), 0);
-    RGBAColorStruct c = action->GetClearColor();
-    EXPECT_EQ(c.r + c.g + c.b, 0.0f);
-    EXPECT_EQ(c.a, 1.0f);
-    int x, y, w, h;
-    action->GetViewport(x, y, w, h);
-    EXPECT_EQ(w, 64);
-    EXPECT_EQ(h, 64);
-
+TEST_F(CVRenderActionGLTest, CloneCopiesTheSettings) {
     ProbeAction other(area);
     other.SetViewport(1, 2, 30, 40);
     other.SetClearColor(0.1f, 0.2f, 0.3f, 0.4f);
@@ -205,22 +170,16 @@ TEST_F(CVRenderActionGLTest, DefaultsAndClone) {
     other.SetClearColorBeforeRender(0);
     other.SetHeadlightOn(1);
     action->CloneFrom(&other);
+    int x, y, w, h;
     action->GetViewport(x, y, w, h);
-    EXPECT_EQ(x + y + w + h, 73);
+    EXPECT_EQ(std::vector<int>({x, y, w, h}), std::vector<int>({1, 2, 30, 40}));
     EXPECT_EQ(action->GetClearColor().a, 0.4f);
     EXPECT_EQ(action->GetSwapBuffersAfterRender(), 0);
     EXPECT_EQ(action->GetClearColorBeforeRender(), 0);
     EXPECT_EQ(action->IsHeadlightOn(), 1);
 }
 
-TEST_F(CVRenderActionGLTest, NullRootDrawsNothing) {
-    Prefill(RGB(0x12, 0x34, 0x56));
-    EXPECT_EQ(action->Apply(nullptr), 0);
-    GdiFlush();
-    EXPECT_EQ(At(10, 10), 0x123456u);
-}
-
-TEST_F(CVRenderActionGLTest, ViewportIsHandedOverUnlessAskedNotTo) {
+TEST_F(CVRenderActionGLTest, ViewportIsHandedOverUnlessAskedNotToAndANullRootDrawsNothing) {
     action->SetViewport(0, 0, 32, 16);
     EXPECT_EQ(action->Apply(root, 0), 1);
     int x, y, w, h;
@@ -230,44 +189,37 @@ TEST_F(CVRenderActionGLTest, ViewportIsHandedOverUnlessAskedNotTo) {
     area->GetViewport(x, y, w, h);
     EXPECT_EQ(w, 32);
     EXPECT_EQ(h, 16);
+
+    Prefill(RGB(0x12, 0x34, 0x56));
+    EXPECT_EQ(action->Apply(nullptr), 0);
+    GdiFlush();
+    EXPECT_EQ(At(10, 10), 0x123456u);
 }
 
 // GDI truncates the components of a bitmap's clear colour; GL's clear of a
-// window rounds them.
-struct ClearCase {
-    const char* name;
-    int bitmap;
-    uint32_t expected;
-};
-void PrintTo(const ClearCase& c, std::ostream* os) { *os << c.name; }
-class CVRenderActionClearGLTest : public Frame, public ::testing::WithParamInterface<ClearCase> {};
-
-TEST_P(CVRenderActionClearGLTest, ClearColourFillsTheArea) {
-    area->SetRenderAreaToBitmap(GetParam().bitmap);
-    action->SetClearColor(0.25f, 0.5f, 0.75f, 1.0f);
-    EXPECT_EQ(action->Apply(root), 1);
-    for (int y : {0, 31, 63})
-        for (int x : {0, 40, 63}) EXPECT_EQ(At(x, y), GetParam().expected) << x << "," << y;
-}
-
-// Colour clearing off: the old pixels stay, but depth is still cleared, so a
-// farther quad replaces a nearer one of the previous frame.
-TEST_P(CVRenderActionClearGLTest, WithoutColourClearingOnlyDepthIsCleared) {
-    area->SetRenderAreaToBitmap(GetParam().bitmap);
+// window rounds them. With colour clearing off the old pixels stay, but depth
+// is still cleared, so a farther quad replaces a nearer one of the last frame.
+TEST_F(CVRenderActionGLTest, ClearColourFillsTheAreaAndDepthIsAlwaysCleared) {
     Quad* quad = Add(root, new Quad(-1, -1, 0, 1, -0.5f, kRed));
-    action->SetClearColor(0.0f, 0.0f, 1.0f, 1.0f);
-    action->Apply(root);
-    quad->Move(0.5f, kGreen);
-    action->SetClearColor(1.0f, 1.0f, 1.0f, 1.0f);
-    action->SetClearColorBeforeRender(0);
-    action->Apply(root);
-    EXPECT_EQ(At(10, 30), kGreen);
-    EXPECT_EQ(At(50, 30), kBlue);
-}
+    for (const auto& target : {std::make_pair(1, 0x3F7FBFu), std::make_pair(0, 0x4080BFu)}) {
+        SCOPED_TRACE(target.first ? "bitmap" : "window");
+        area->SetRenderAreaToBitmap(target.first);
+        quad->Move(-0.5f, kRed);
+        action->SetClearColorBeforeRender(1);
+        action->SetClearColor(0.25f, 0.5f, 0.75f, 1.0f);
+        EXPECT_EQ(action->Apply(root), 1);
+        for (int y : {0, 31, 63})
+            for (int x : {40, 63}) EXPECT_EQ(At(x, y), target.second) << x << "," << y;
+        EXPECT_EQ(At(10, 30), kRed);
 
-const ClearCase kClearCases[] = {{"Bitmap", 1, 0x3F7FBF}, {"Window", 0, 0x4080BF}};
-INSTANTIATE_TEST_SUITE_P(Targets, CVRenderActionClearGLTest, ::testing::ValuesIn(kClearCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+        quad->Move(0.5f, kGreen);
+        action->SetClearColor(1.0f, 1.0f, 1.0f, 1.0f);
+        action->SetClearColorBeforeRender(0);
+        action->Apply(root);
+        EXPECT_EQ(At(10, 30), kGreen);
+        EXPECT_EQ(At(50, 30), target.second);
+    }
+}
 
 TEST_F(CVRenderActionGLTest, GlobalScaleBelowOneShrinksTheBackground) {
     Prefill(RGB(0x12, 0x34, 0x56));
@@ -280,10 +232,8 @@ TEST_F(CVRenderActionGLTest, GlobalScaleBelowOneShrinksTheBackground) {
     EXPECT_EQ(At(5, 32), 0x123456u);
 }
 
-// ---- deferred lists, passes, headlight, camera ----
-
-// The transparent quad comes first in the scene and lies in front; drawn
-// in scene order its depth would hide the red one behind it.
+// The transparent quad comes first in the scene and lies in front; drawn in
+// scene order its depth would hide the red one behind it.
 TEST_F(CVRenderActionGLTest, DeferredListsAreReplayedAfterTheSceneWithTheirMatrices) {
     auto* moved = new CVTransform;
     moved->translation.SetValue(-0.5f, 0.0f, 0.0f);
@@ -299,23 +249,17 @@ TEST_F(CVRenderActionGLTest, DeferredListsAreReplayedAfterTheSceneWithTheirMatri
     Quad* label = Add(note, new Quad(-0.25f, -0.25f, 0.25f, 0.25f, 0.9f, kGreen));
 
     EXPECT_EQ(action->Apply(root), 1);
+    // The pixels show the order, the blend, the unlit replay and the captured matrices.
     EXPECT_TRUE(Near(At(10, 10), 0x800080, 1));  // blue at half over red
+    EXPECT_TRUE(Near(At(28, 32), 0x800080, 1));
     EXPECT_EQ(At(60, 10), kRed);
     EXPECT_EQ(At(48, 32), kGreen);  // behind everything, drawn last, where its transform put it
-    EXPECT_TRUE(Near(At(28, 32), 0x800080, 1));
 
-    ASSERT_EQ(wall->seen.size(), 1u);
-    ASSERT_EQ(glass->seen.size(), 1u);
-    ASSERT_EQ(label->seen.size(), 1u);
-    EXPECT_EQ(wall->seen[0].pass, 1);
-    EXPECT_EQ(glass->seen[0].pass, 2);
-    EXPECT_EQ(label->seen[0].pass, 3);
-    EXPECT_TRUE(glass->seen[0].blend);
-    EXPECT_FALSE(glass->seen[0].lighting);  // off when deferred, so off when replayed
-    EXPECT_NEAR(glass->seen[0].modelView.m[0][3], -0.5f, 1e-6f);
-    EXPECT_NEAR(label->seen[0].modelView.m[0][3], 0.5f, 1e-6f);
-    EXPECT_EQ(area->GetTransparentNodeListSize(), 0);
-    EXPECT_EQ(area->GetAnnotationNodeListSize(), 0);
+    ASSERT_EQ(std::vector<size_t>({wall->seen.size(), glass->seen.size(), label->seen.size()}),
+              std::vector<size_t>({1, 1, 1}));
+    EXPECT_EQ(std::vector<int>({wall->seen[0].pass, glass->seen[0].pass, label->seen[0].pass}),
+              std::vector<int>({1, 2, 3}));
+    EXPECT_EQ(area->GetTransparentNodeListSize() + area->GetAnnotationNodeListSize(), 0);
     EXPECT_EQ(action->GetState()->m_nRenderPass, 0);
 }
 
@@ -335,29 +279,28 @@ TEST_F(CVRenderActionGLTest, LineModeRecordIsReplayedThinnerWithoutDepthWrites) 
     EXPECT_EQ(after, GL_TRUE);
 }
 
-class CVRenderActionHeadlightGLTest : public Frame, public ::testing::WithParamInterface<int> {};
-
-TEST_P(CVRenderActionHeadlightGLTest, HeadlightShinesFromTheViewerWhenOn) {
-    const int on = GetParam();
+TEST_F(CVRenderActionGLTest, HeadlightShinesFromTheViewerWhenOn) {
     Quad* quad = Add(root, new Quad(-1, -1, 1, 1, 0.0f, kRed));
-    action->SetHeadlightOn(on);
-    action->Apply(root);
-    ASSERT_EQ(quad->seen.size(), 1u);
-    const Seen& s = quad->seen[0];
-    EXPECT_EQ(s.light0, on != 0);
-    if (on) {
-        EXPECT_FLOAT_EQ(s.light0Position[2], 1.0f);
-        EXPECT_FLOAT_EQ(s.light0Position[3], 0.0f);
-        EXPECT_FLOAT_EQ(s.light0Ambient[0], 0.2f);
-        EXPECT_EQ(area->GetLightNode() != nullptr, true);
+    for (int on : {0, 1}) {
+        SCOPED_TRACE(on);
+        NewAction();
+        quad->seen.clear();
+        action->SetHeadlightOn(on);
+        action->Apply(root);
+        ASSERT_EQ(quad->seen.size(), 1u);
+        const Seen& s = quad->seen[0];
+        EXPECT_EQ(s.light0, on != 0);
+        if (on) {
+            EXPECT_FLOAT_EQ(s.light0Position[2], 1.0f);
+            EXPECT_FLOAT_EQ(s.light0Position[3], 0.0f);
+            EXPECT_FLOAT_EQ(s.light0Ambient[0], 0.2f);
+            EXPECT_NE(area->GetLightNode(), nullptr);
+        }
+        EXPECT_FALSE(glIsEnabled(GL_LIGHT0));  // the frame's state pop takes it back
+        action.reset();
+        EXPECT_EQ(area->GetLightNode(), nullptr);  // the area keeps no pointer into a dead action
     }
-    EXPECT_FALSE(glIsEnabled(GL_LIGHT0));  // the frame's state pop takes it back
-    action.reset();
-    EXPECT_EQ(area->GetLightNode(), nullptr);  // the area keeps no pointer into a dead action
 }
-
-INSTANTIATE_TEST_SUITE_P(Switch, CVRenderActionHeadlightGLTest, ::testing::Values(0, 1),
-                         [](const auto& info) { return info.param ? "On" : "Off"; });
 
 // Under the default inflation the camera's projection reaches the scene, the
 // area and the deferred pass alike.
@@ -370,11 +313,10 @@ TEST_F(CVRenderActionGLTest, CameraProjectionReachesSceneAreaAndReplay) {
     glass->SetTransparentFlag(1);
     action->Apply(root);
     const double expected = 1.0 / (3.0 * std::tan(3.14159265358979 / 8));
-    ASSERT_EQ(solid->seen.size(), 1u);
-    ASSERT_EQ(glass->seen.size(), 1u);
-    EXPECT_NEAR(solid->seen[0].projection[5], expected, 1e-5);
+    ASSERT_EQ(solid->seen.size() + glass->seen.size(), 2u);
+    EXPECT_NEAR(solid->seen.at(0).projection.m[1][1], expected, 1e-5);
     EXPECT_NEAR(area->GetProjectionMatrix()[5], expected, 1e-5);
-    for (int i = 0; i < 16; ++i) EXPECT_EQ(glass->seen[0].projection[i], solid->seen[0].projection[i]);
+    EXPECT_TRUE(cvtest::MatrixNear(glass->seen.at(0).projection, solid->seen[0].projection, 0.0f));
     EXPECT_NEAR(solid->seen[0].modelView.m[2][3], -10.0f, 1e-6f);
 }
 
@@ -385,15 +327,14 @@ TEST_F(CVRenderActionGLTest, SceneAntialiasingSmoothsEdgesAndDrawsTheFinalPassOn
     Quad* edge = Add(root, new Quad(-1, -1, 1, 1, 0.0f, 0xFFFFFF));
     edge->triangle = true;
     edge->drawModes = 1 << 1;
-    Quad* last = Add(root, new Quad(0.5f, 0.5f, 1, 1, 0.0f, kRed));
-    last->drawModes = 1 << 2;
+    Add(root, new Quad(0.5f, 0.5f, 1, 1, 0.0f, kRed))->drawModes = 1 << 2;
     EXPECT_EQ(action->Apply(root), 1);
 
     int between = 0;
     for (int y = 0; y < 64; ++y)
         for (int x = 0; x < 64; ++x) {
             const uint32_t g = (At(x, y) >> 8) & 0xFF;
-            if (g > 30 && g < 225) ++between;
+            between += g > 30 && g < 225;
         }
     EXPECT_GE(between, 40);
     EXPECT_EQ(At(3, 60), 0xFFFFFFu);
@@ -409,11 +350,35 @@ TEST_F(CVRenderActionGLTest, SceneAntialiasingSmoothsEdgesAndDrawsTheFinalPassOn
 
 // ---- gradients ----
 
+// Black to white: the first strip (left, or bottom) is dark unless reversed.
+TEST_F(CVRenderActionGLTest, GradientSweepsAndRunsAsTheTypeSays) {
+    const struct {
+        int type;
+        bool horizontal, reversed;
+    } cases[] = {{0, false, false}, {1, true, false}, {2, false, false}, {3, false, false}, {4, true, false},
+                 {5, true, true},   {6, false, true}, {7, false, false}, {8, false, false}, {9, false, true}};
+    action->SetFillStyle(1);
+    action->SetStartGradientColor({0.0f, 0.0f, 0.0f, 1.0f});
+    action->SetEndGradientColor({1.0f, 1.0f, 1.0f, 1.0f});
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.type);
+        action->SetGradientType(c.type);
+        action->Apply(root);
+        const uint32_t first = c.horizontal ? At(0, 30) : At(30, 63);
+        EXPECT_EQ(first, c.horizontal ? At(0, 2) : At(60, 63));
+        EXPECT_EQ((first & 0xFF) > 128, c.reversed) << std::hex << first;
+        // Vertical sweeps start at the bottom with two steps of 1/32.
+        if (!c.horizontal) {
+            EXPECT_TRUE(Near(first, c.reversed ? 0xEFEFEF : 0x0F0F0F, 1));
+        }
+    }
+}
+
 // 102 wide with a 100-wide viewport: the 51st strip lands just outside the
 // viewport and stays visible.
-class CVRenderActionGradientGLTest : public Frame {
+class CVRenderActionGradientGLTest : public CVRenderActionGLTest {
 protected:
-    CVRenderActionGradientGLTest() : Frame(102, 50, 100) {}
+    CVRenderActionGradientGLTest() : CVRenderActionGLTest(102, 50, 100) {}
 };
 
 TEST_F(CVRenderActionGradientGLTest, Type5Draws51StripsFromTheEndColour) {
@@ -425,10 +390,8 @@ TEST_F(CVRenderActionGradientGLTest, Type5Draws51StripsFromTheEndColour) {
     // Strip k (1-based) at x = 2k - 2 is k steps of 0.02 from the end colour;
     // components truncate (±1 for float steps) and wrap past 0 and 1.
     for (int k = 1; k <= 51; ++k) {
-        const int r = (int)((1.0 - 0.02 * k) * 255.0) & 0xFF;
-        const int b = (int)(0.02 * k * 255.0) & 0xFF;
-        const uint32_t want = (uint32_t)(r << 16 | 127 << 8 | b);
-        EXPECT_TRUE(Near(At(2 * k - 2, 0), want, 1)) << "strip " << k;
+        const int r = (int)((1.0 - 0.02 * k) * 255.0) & 0xFF, b = (int)(0.02 * k * 255.0) & 0xFF;
+        EXPECT_TRUE(Near(At(2 * k - 2, 0), (uint32_t)(r << 16 | 127 << 8 | b), 1)) << "strip " << k;
         EXPECT_EQ(At(2 * k - 1, 49), At(2 * k - 2, 0)) << "strip " << k;
         if (k < 51) {
             EXPECT_NE(At(2 * k, 0), At(2 * k - 1, 0)) << "strip " << k;
@@ -437,61 +400,27 @@ TEST_F(CVRenderActionGradientGLTest, Type5Draws51StripsFromTheEndColour) {
     EXPECT_TRUE(Near(At(100, 25), 0xFB7F04, 1));  // one step past both ends, wrapped
 }
 
-struct DirectionCase {
-    int type;
-    bool horizontal;
-    bool reversed;
-};
-void PrintTo(const DirectionCase& c, std::ostream* os) { *os << "type " << c.type; }
-
-class CVRenderActionGradientTypeGLTest : public Frame, public ::testing::WithParamInterface<DirectionCase> {};
-
-// Black to white: the first strip (left, or bottom) is dark unless reversed.
-TEST_P(CVRenderActionGradientTypeGLTest, SweepsAndRunsAsTheTypeSays) {
-    const DirectionCase& c = GetParam();
-    action->SetFillStyle(1);
-    action->SetGradientType(c.type);
-    action->SetStartGradientColor({0.0f, 0.0f, 0.0f, 1.0f});
-    action->SetEndGradientColor({1.0f, 1.0f, 1.0f, 1.0f});
-    action->Apply(root);
-    const uint32_t first = c.horizontal ? At(0, 30) : At(30, 63);
-    const uint32_t across = c.horizontal ? At(0, 2) : At(60, 63);
-    EXPECT_EQ(first, across);
-    EXPECT_EQ((first & 0xFF) > 128, c.reversed) << std::hex << first;
-    // Vertical sweeps start at the bottom with two steps of 1/32.
-    if (!c.horizontal) {
-        EXPECT_TRUE(Near(first, c.reversed ? 0xEFEFEF : 0x0F0F0F, 1));
-    }
-}
-
-const DirectionCase kDirections[] = {{0, false, false}, {1, true, false}, {2, false, false}, {3, false, false},
-                                     {4, true, false},  {5, true, true},  {6, false, true},  {7, false, false},
-                                     {8, false, false}, {9, false, true}};
-INSTANTIATE_TEST_SUITE_P(Types, CVRenderActionGradientTypeGLTest, ::testing::ValuesIn(kDirections),
-                         [](const auto& info) { return "Type" + std::to_string(info.param.type); });
-
 // ---- background images ----
 
 const uint32_t kClear = 0xFF7FFF;  // (1, 0.5, 1) truncated
 const uint32_t kGreenMerged = kGreen & kClear;
 
-// An 8 x 8 image: red, green / blue, yellow quadrants (top row first).
-std::string WriteQuadrants(const cvtest::TempDir& dir, const std::string& name, int alpha = 0xFF) {
-    std::vector<BYTE> bgra(8 * 8 * 4);
-    for (int y = 0; y < 8; ++y)
-        for (int x = 0; x < 8; ++x) {
-            const uint32_t c = y < 4 ? (x < 4 ? kRed : kGreen) : (x < 4 ? kBlue : kYellow);
-            BYTE* p = &bgra[(y * 8 + x) * 4];
-            p[0] = c & 0xFF, p[1] = (c >> 8) & 0xFF, p[2] = (c >> 16) & 0xFF, p[3] = (BYTE)alpha;
-        }
-    const std::string path = dir / name;
-    CVImageFile::WritePNG(CString(path.c_str()), 8, 8, bgra.data(), 32, alpha != 0xFF);
-    return path;
-}
-
-class ImageFrame : public Frame {
+class CVRenderActionImageGLTest : public CVRenderActionGLTest {
 protected:
-    ImageFrame() { action->SetClearColor(1.0f, 0.5f, 1.0f, 1.0f); }
+    CVRenderActionImageGLTest() { action->SetClearColor(1.0f, 0.5f, 1.0f, 1.0f); }
+    // An 8 x 8 image: red, green / blue, yellow quadrants (top row first).
+    std::string WriteQuadrants(const std::string& name, int alpha = 0xFF) {
+        std::vector<BYTE> bgra(8 * 8 * 4);
+        for (int y = 0; y < 8; ++y)
+            for (int x = 0; x < 8; ++x) {
+                const uint32_t c = y < 4 ? (x < 4 ? kRed : kGreen) : (x < 4 ? kBlue : kYellow);
+                BYTE* p = &bgra[(y * 8 + x) * 4];
+                p[0] = c & 0xFF, p[1] = (c >> 8) & 0xFF, p[2] = (c >> 16) & 0xFF, p[3] = (BYTE)alpha;
+            }
+        const std::string path = dir / name;
+        CVImageFile::WritePNG(CString(path.c_str()), 8, 8, bgra.data(), 32, alpha != 0xFF);
+        return path;
+    }
     cvtest::TempDir dir;
 };
 
@@ -499,57 +428,50 @@ struct Probe {
     int x, y;
     uint32_t rgb;
 };
-struct FitCase {
-    const char* name;
-    int fillStyle;
-    int fitStyle;
-    float scale;
-    bool alpha;
-    std::vector<Probe> probes;
-};
-void PrintTo(const FitCase& c, std::ostream* os) { *os << c.name; }
 
-class CVRenderActionImageGLTest : public ImageFrame, public ::testing::WithParamInterface<FitCase> {};
-
-TEST_P(CVRenderActionImageGLTest, ImageIsPlacedByFitStyle) {
-    const FitCase& c = GetParam();
-    action->SetFillStyle(c.fillStyle);
-    action->SetImageFitStyle(c.fitStyle);
-    action->SetImageScale(c.scale);
+TEST_F(CVRenderActionImageGLTest, ImageIsPlacedByFitStyle) {
+    const std::string opaque = WriteQuadrants("q.png"), translucent = WriteQuadrants("alpha.png", 0x80);
+    const struct {
+        const char* name;
+        int fillStyle, fitStyle;
+        float scale;
+        bool alpha;
+        std::vector<Probe> probes;
+    } cases[] = {
+        {"Stretch", 2, 1, 1, false, {{16, 16, kRed}, {48, 16, kGreen}, {16, 48, kBlue}, {48, 48, kYellow}}},
+        {"Tile", 2, 2, 1, false, {{1, 1, kRed}, {6, 1, kGreen}, {9, 9, kRed}, {13, 2, kGreen}, {61, 62, kYellow}, {2, 60, kBlue}}},
+        {"Tile13", 2, 13, 1, false, {{1, 1, kRed}, {13, 13, kYellow}, {57, 62, kBlue}}},
+        {"Centre", 2, 4, 1, false, {{29, 29, kRed}, {34, 29, kGreen}, {29, 34, kBlue}, {34, 34, kYellow}, {27, 27, kClear}, {36, 36, kClear}}},
+        {"TopCentre", 2, 5, 1, false, {{29, 1, kRed}, {29, 9, kClear}}},
+        {"BottomCentre", 2, 6, 1, false, {{29, 57, kRed}, {34, 62, kYellow}, {29, 55, kClear}}},
+        {"LeftMiddle", 2, 7, 1, false, {{1, 29, kRed}, {9, 29, kClear}}},
+        {"RightMiddle", 2, 8, 1, false, {{57, 29, kRed}, {55, 29, kClear}}},
+        {"TopLeft", 2, 9, 1, false, {{1, 1, kRed}, {6, 6, kYellow}, {9, 9, kClear}, {60, 60, kClear}}},
+        {"TopRight", 2, 10, 1, false, {{57, 1, kRed}, {62, 1, kGreen}, {55, 1, kClear}}},
+        {"BottomLeft", 2, 11, 1, false, {{1, 57, kRed}, {1, 62, kBlue}, {1, 55, kClear}}},
+        {"BottomRight", 2, 12, 1, false, {{62, 62, kYellow}, {57, 57, kRed}, {55, 55, kClear}}},
+        {"Offset", 2, 3, 1, false, {{5, 7, kRed}, {4, 7, kClear}, {12, 14, kYellow}, {13, 15, kClear}}},
+        // Drawn size trunc((8 + 0.999) * 2) = 17.
+        {"ScaledTopLeft", 2, 9, 2, false, {{1, 1, kRed}, {15, 1, kGreen}, {16, 16, kYellow}, {17, 17, kClear}}},
+        {"Fill3MergesWithClearColour", 3, 9, 1, false, {{1, 1, kRed}, {6, 1, kGreenMerged}, {9, 9, kClear}}},
+        {"Fill4MergesWithClearColour", 4, 9, 1, false, {{6, 1, kGreenMerged}}},
+        {"AlphaImageMerges", 2, 9, 1, true, {{6, 1, kGreenMerged}}},
+        {"TiledMerge", 3, 2, 1, false, {{14, 9, kGreenMerged}, {9, 9, kRed}}},
+    };
     action->SetImageOffset(5, 7);
-    action->SetImageFilename(CString(WriteQuadrants(dir, "q.png", c.alpha ? 0x80 : 0xFF).c_str()));
-    action->Apply(root);
-    for (const Probe& p : c.probes) EXPECT_EQ(At(p.x, p.y), p.rgb) << "at " << p.x << "," << p.y;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        action->SetFillStyle(c.fillStyle);
+        action->SetImageFitStyle(c.fitStyle);
+        action->SetImageScale(c.scale);
+        action->SetImageFilename(CString((c.alpha ? translucent : opaque).c_str()));
+        action->Apply(root);
+        for (const Probe& p : c.probes) EXPECT_EQ(At(p.x, p.y), p.rgb) << "at " << p.x << "," << p.y;
+    }
 }
 
-const FitCase kFits[] = {
-    {"Stretch", 2, 1, 1, false, {{16, 16, kRed}, {48, 16, kGreen}, {16, 48, kBlue}, {48, 48, kYellow}}},
-    {"Tile", 2, 2, 1, false, {{1, 1, kRed}, {6, 1, kGreen}, {9, 9, kRed}, {13, 2, kGreen}, {61, 62, kYellow}, {2, 60, kBlue}}},
-    {"Tile13", 2, 13, 1, false, {{1, 1, kRed}, {13, 13, kYellow}, {57, 62, kBlue}}},
-    {"Centre", 2, 4, 1, false, {{29, 29, kRed}, {34, 29, kGreen}, {29, 34, kBlue}, {34, 34, kYellow}, {27, 27, kClear}, {36, 36, kClear}}},
-    {"TopCentre", 2, 5, 1, false, {{29, 1, kRed}, {29, 9, kClear}}},
-    {"BottomCentre", 2, 6, 1, false, {{29, 57, kRed}, {34, 62, kYellow}, {29, 55, kClear}}},
-    {"LeftMiddle", 2, 7, 1, false, {{1, 29, kRed}, {9, 29, kClear}}},
-    {"RightMiddle", 2, 8, 1, false, {{57, 29, kRed}, {55, 29, kClear}}},
-    {"TopLeft", 2, 9, 1, false, {{1, 1, kRed}, {6, 6, kYellow}, {9, 9, kClear}, {60, 60, kClear}}},
-    {"TopRight", 2, 10, 1, false, {{57, 1, kRed}, {62, 1, kGreen}, {55, 1, kClear}}},
-    {"BottomLeft", 2, 11, 1, false, {{1, 57, kRed}, {1, 62, kBlue}, {1, 55, kClear}}},
-    {"BottomRight", 2, 12, 1, false, {{62, 62, kYellow}, {57, 57, kRed}, {55, 55, kClear}}},
-    {"Offset", 2, 3, 1, false, {{5, 7, kRed}, {4, 7, kClear}, {12, 14, kYellow}, {13, 15, kClear}}},
-    // Drawn size trunc((8 + 0.999) * 2) = 17.
-    {"ScaledTopLeft", 2, 9, 2, false, {{1, 1, kRed}, {15, 1, kGreen}, {16, 16, kYellow}, {17, 17, kClear}}},
-    {"Fill3MergesWithClearColour", 3, 9, 1, false, {{1, 1, kRed}, {6, 1, kGreenMerged}, {9, 9, kClear}}},
-    {"Fill4MergesWithClearColour", 4, 9, 1, false, {{6, 1, kGreenMerged}}},
-    {"AlphaImageMerges", 2, 9, 1, true, {{6, 1, kGreenMerged}}},
-    {"TiledMerge", 3, 2, 1, false, {{14, 9, kGreenMerged}, {9, 9, kRed}}},
-};
-INSTANTIATE_TEST_SUITE_P(Fits, CVRenderActionImageGLTest, ::testing::ValuesIn(kFits),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-using CVRenderActionImageLoadGLTest = ImageFrame;
-
-TEST_F(CVRenderActionImageLoadGLTest, ImageIsLoadedOncePerName) {
-    const std::string first = WriteQuadrants(dir, "first.png");
+TEST_F(CVRenderActionImageGLTest, ImageIsLoadedOncePerName) {
+    const std::string first = WriteQuadrants("first.png");
     action->SetFillStyle(2);
     action->SetImageFilename(CString(first.c_str()));
     action->Apply(root);
@@ -560,21 +482,21 @@ TEST_F(CVRenderActionImageLoadGLTest, ImageIsLoadedOncePerName) {
     EXPECT_EQ(action->Background(), held);
     EXPECT_EQ(At(16, 16), kRed);
 
-    action->SetImageFilename(CString(WriteQuadrants(dir, "second.png", 0x80).c_str()));
+    action->SetImageFilename(CString(WriteQuadrants("second.png", 0x80).c_str()));
     action->Apply(root);
     EXPECT_NE(action->Background(), nullptr);
     EXPECT_EQ(GetObjectType(held), 0u);  // the first bitmap was deleted
     EXPECT_EQ(At(48, 16), kGreenMerged);
 }
 
-TEST_F(CVRenderActionImageLoadGLTest, HostBitmapIsTakenByItsDecimalHandle) {
+TEST_F(CVRenderActionImageGLTest, HostBitmapIsTakenByItsDecimalHandle) {
     const uint32_t teal = 0x336699;
     BITMAPINFO info = {};
     info.bmiHeader = {sizeof(BITMAPINFOHEADER), 4, 4, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     void* bits = nullptr;
     HBITMAP host = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     ASSERT_NE(host, nullptr);
-    for (int i = 0; i < 16; ++i) static_cast<uint32_t*>(bits)[i] = teal;
+    std::fill(static_cast<uint32_t*>(bits), static_cast<uint32_t*>(bits) + 16, teal);
     action->SetFillStyle(2);
     action->SetImageFitStyle(9);
     action->SetImageFilename(CString((L"HBITMAP:" + std::to_wstring(HandleToLong(host))).c_str()));
@@ -588,62 +510,43 @@ TEST_F(CVRenderActionImageLoadGLTest, HostBitmapIsTakenByItsDecimalHandle) {
     EXPECT_EQ(GetObjectType(host), 0u);  // owned by the action
 }
 
-struct BadCase {
-    const char* name;
-    const char* content;  // written as the image file; null: no file
-    int texturing;
-    const char* nameOverride;  // the image name instead of the file's path
-};
-void PrintTo(const BadCase& c, std::ostream* os) { *os << c.name; }
-
-class CVRenderActionBadImageGLTest : public ImageFrame, public ::testing::WithParamInterface<BadCase> {};
-
-TEST_P(CVRenderActionBadImageGLTest, FallsBackToTheClearColour) {
-    const BadCase& c = GetParam();
-    std::string path = dir / "image.png";
-    if (c.content) cvtest::WriteFile(path, std::string(c.content, c.content + 60));
-    if (std::string(c.name) == "TexturingOff") path = WriteQuadrants(dir, "good.png");
-    area->SetTexturingEnabled(c.texturing);
-    action->SetFillStyle(2);
-    action->SetImageFitStyle(9);
-    action->SetImageFilename(CString(c.nameOverride ? c.nameOverride : path.c_str()));
-    EXPECT_EQ(action->Apply(root), 1);
-    EXPECT_EQ(action->Background(), nullptr);
-    for (int xy : {0, 3, 30, 63}) EXPECT_EQ(At(xy, xy), kClear) << xy;
+TEST_F(CVRenderActionImageGLTest, BadImagesFallBackToTheClearColour) {
+    // A BMP header with width 0 and nothing after it.
+    const char kZeroBmp[60] = {'B', 'M', 54, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40, 0, 0, 0, 0, 0,
+                               0,   0,   8,  0, 0, 0, 1, 0, 32, 0};
+    const char kCorrupt[60] = "\x89PNG\r\n\x1a\n garbage where the header chunk should be";
+    const std::string good = WriteQuadrants("good.png"), path = dir / "image.png";
+    const struct {
+        const char* name;
+        const char* content;  // written as the image file; null: no file
+        int texturing;
+        std::string image;
+    } cases[] = {
+        {"MissingFile", nullptr, 1, path},    {"CorruptFile", kCorrupt, 1, path}, {"ZeroSizedImage", kZeroBmp, 1, path},
+        {"EmptyName", nullptr, 1, ""},        {"TexturingOff", nullptr, 0, good},
+        {"UnknownHandle", nullptr, 1, "HBITMAP:2000000000"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        std::remove(path.c_str());
+        if (c.content) cvtest::WriteFile(path, std::string(c.content, c.content + 60));
+        NewAction();
+        action->SetClearColor(1.0f, 0.5f, 1.0f, 1.0f);
+        area->SetTexturingEnabled(c.texturing);
+        action->SetFillStyle(2);
+        action->SetImageFitStyle(9);
+        action->SetImageFilename(CString(c.image.c_str()));
+        EXPECT_EQ(action->Apply(root), 1);
+        EXPECT_EQ(action->Background(), nullptr);
+        for (int xy : {0, 3, 30, 63}) EXPECT_EQ(At(xy, xy), kClear) << xy;
+    }
 }
-
-// A BMP header with width 0 and nothing after it.
-const char kZeroBmp[60] = {'B', 'M', 54, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40, 0, 0, 0, 0, 0,
-                           0,   0,   8,  0, 0, 0, 1, 0, 32, 0};
-const char kCorrupt[60] = "\x89PNG\r\n\x1a\n garbage where the header chunk should be";
-const BadCase kBad[] = {
-    {"MissingFile", nullptr, 1, nullptr},
-    {"CorruptFile", kCorrupt, 1, nullptr},
-    {"ZeroSizedImage", kZeroBmp, 1, nullptr},
-    {"EmptyName", nullptr, 1, ""},
-    {"TexturingOff", nullptr, 0, nullptr},
-    {"UnknownHandle", nullptr, 1, "HBITMAP:2000000000"},
-};
-INSTANTIATE_TEST_SUITE_P(Inputs, CVRenderActionBadImageGLTest, ::testing::ValuesIn(kBad),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 // ---- a window under X ----
 
-class CVRenderActionWindowGLTest : public ::testing::Test {
-protected:
-    void SetUp() override { ASSERT_NE(win.GetDC(), nullptr); }
-    void TearDown() override { CVGLRenderArea::SetInflateWorld(1); }
-    uint32_t Shown(int x, int y) {
-        XImage* image = XGetImage(win.GetDisplay(), win.GetWindow(), 0, 0, 64, 48, AllPlanes, ZPixmap);
-        if (!image) return 0xDEADBEEF;
-        const uint32_t v = XGetPixel(image, x, y) & 0xFFFFFF;
-        XDestroyImage(image);
-        return v;
-    }
+TEST(CVRenderActionWindowGLTest, FrameIsClearedDrawnAndSwapped) {
     CVTestWindow win{64, 48};
-};
-
-TEST_F(CVRenderActionWindowGLTest, FrameIsClearedDrawnAndSwapped) {
+    ASSERT_NE(win.GetDC(), nullptr);
     CVWindowDevice device(win.GetDC(), 1);
     CVGLRenderArea::SetInflateWorld(0);
     auto* area = new CVGLRenderArea(&device);
@@ -651,23 +554,23 @@ TEST_F(CVRenderActionWindowGLTest, FrameIsClearedDrawnAndSwapped) {
     area->SetViewport(0, 0, 64, 48);
     auto* root = new CVGroup;
     root->Ref();
-    auto* shape = new CVShape;
-    shape->geometry.SetValue(new Quad(-1, -1, 0, 1, 0.0f, kRed));
-    root->children.Add(shape);
+    root->children.Add(ShapeOf(new Quad(-1, -1, 0, 1, 0.0f, kRed)));
+    auto shown = [&](int x, int y) { return CVShownPixel(win.GetDisplay(), win.GetWindow(), x, y); };
     {
         CVRenderAction action(area);
         EXPECT_EQ(action.Apply(root), 1);  // defaults: opaque black
         glFinish();
-        EXPECT_EQ(Shown(10, 24), kRed);
-        EXPECT_EQ(Shown(50, 24), 0x000000u);
+        EXPECT_EQ(shown(10, 24), kRed);
+        EXPECT_EQ(shown(50, 24), 0x000000u);
         action.SetClearColor(0.0f, 0.0f, 1.0f, 1.0f);
         action.Apply(root);
         glFinish();
-        EXPECT_EQ(Shown(10, 24), kRed);
-        EXPECT_EQ(Shown(50, 24), kBlue);
+        EXPECT_EQ(shown(10, 24), kRed);
+        EXPECT_EQ(shown(50, 24), kBlue);
     }
     root->Unref();
     area->Unref();
+    CVGLRenderArea::SetInflateWorld(1);
 }
 
 }  // namespace

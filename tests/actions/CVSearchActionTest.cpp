@@ -11,7 +11,7 @@
 
 namespace {
 
-using Chain = std::vector<CVNode*>;
+using Chains = std::vector<std::vector<CVNode*>>;
 
 // root [g [s1, s2], xf [s3]], every shape named "hit" except s3 ("miss").
 class CVSearchActionTest : public ::testing::Test {
@@ -27,15 +27,14 @@ protected:
         s2->SetName(L"hit");
         s3->SetName(L"miss");
     }
-    ~CVSearchActionTest() noexcept override { root->Unref(); }
+    ~CVSearchActionTest() override { root->Unref(); }
 
-    std::vector<Chain> Found() const {
-        std::vector<Chain> out;
+    static Chains Found(const CVSearchAction& search) {
+        Chains out;
         const auto& list = search.GetPathList();
         for (INT_PTR i = 0; i < list.GetSize(); ++i) {
-            Chain c;
-            for (INT_PTR j = 0; j < list[i]->GetSize(); ++j) c.push_back((*list[i])[j]);
-            out.push_back(c);
+            out.emplace_back();
+            for (INT_PTR j = 0; j < list[i]->GetSize(); ++j) out.back().push_back((*list[i])[j]);
         }
         return out;
     }
@@ -43,28 +42,30 @@ protected:
     CVGroup* root = new CVGroup;
     CVGroup* g = new CVGroup;
     CVTransform* xf = new CVTransform;
-    CVShape* s1 = new CVShape;
-    CVShape* s2 = new CVShape;
-    CVShape* s3 = new CVShape;
+    CVShape *s1 = new CVShape, *s2 = new CVShape, *s3 = new CVShape;
     CVSearchAction search;
 };
 
 TEST_F(CVSearchActionTest, FindsByNodeNameAndClassWithPathsFromTheRoot) {
     search.SetNode(s3);
     ASSERT_EQ(search.Apply(root), 1);
-    EXPECT_EQ(Found(), (std::vector<Chain>{{root, xf, s3}}));
+    EXPECT_EQ(Found(search), (Chains{{root, xf, s3}}));
 
     CVSearchAction byName;
     byName.SetName(L"hit");
     byName.Apply(root);
-    EXPECT_EQ(byName.GetNumPathsFound(), 2);
+    EXPECT_EQ(Found(byName), (Chains{{root, g, s1}, {root, g, s2}}));
+    byName.SetName(L"Hit");  // exact names only
+    byName.Apply(root);
+    EXPECT_EQ(byName.GetNumPathsFound(), 0);
+    byName.SetName(L"");  // groups have no name at all
+    byName.Apply(root);
+    EXPECT_EQ(byName.GetNumPathsFound(), 0);
 
     CVSearchAction byClass;
     byClass.SetType(RUNTIME_CLASS(CVGroup));  // the transform is a group too
     byClass.Apply(root);
-    ASSERT_EQ(byClass.GetPathList().GetSize(), 3);
-    EXPECT_EQ(byClass.GetPathList()[0]->GetSize(), 1);  // the root itself
-    EXPECT_EQ((*byClass.GetPathList()[2])[1], xf);
+    EXPECT_EQ(Found(byClass), (Chains{{root}, {root, g}, {root, xf}}));
     EXPECT_EQ(byClass.GetState()->m_bRecordPath, 0);
 }
 
@@ -72,30 +73,11 @@ TEST_F(CVSearchActionTest, InterestFirstStopsAtTheFirstMatch) {
     search.SetName(L"hit");
     search.SetInterest(CVSearchAction::First);
     search.Apply(root);
-    EXPECT_EQ(Found(), (std::vector<Chain>{{root, g, s1}}));
-    // Applying again forgets the earlier paths.
-    search.Apply(root);
-    EXPECT_EQ(search.GetNumPathsFound(), 1);
+    search.Apply(root);  // applying again forgets the earlier paths
+    EXPECT_EQ(Found(search), (Chains{{root, g, s1}}));
 }
 
-TEST_F(CVSearchActionTest, CriteriaAccumulate) {
-    search.SetNode(s3);
-    search.SetType(RUNTIME_CLASS(CVTransform));
-    search.Apply(root);
-    EXPECT_EQ(Found(), (std::vector<Chain>{{root, xf}, {root, xf, s3}}));
-    EXPECT_EQ(search.GetCriteria(), CVSearchAction::ByNode | CVSearchAction::ByType);
-}
-
-TEST_F(CVSearchActionTest, NamesMatchExactlyAndUnnamedNodesNever) {
-    search.SetName(L"Hit");
-    search.Apply(root);
-    EXPECT_EQ(search.GetNumPathsFound(), 0);
-    search.SetName(L"");
-    search.Apply(root);
-    EXPECT_EQ(search.GetNumPathsFound(), 0);  // groups have no name at all
-}
-
-TEST_F(CVSearchActionTest, SwitchesAppearInPathsAndCanBeFound) {
+TEST_F(CVSearchActionTest, CriteriaAccumulateAndSwitchesAppearInPaths) {
     CVSwitch* sw = new CVSwitch;
     CVShape* inside = new CVShape;
     sw->choice.Add(inside);
@@ -104,16 +86,16 @@ TEST_F(CVSearchActionTest, SwitchesAppearInPathsAndCanBeFound) {
     search.SetNode(inside);
     search.SetType(RUNTIME_CLASS(CVSwitch));
     search.Apply(root);
-    EXPECT_EQ(Found(), (std::vector<Chain>{{root, g, sw}, {root, g, sw, inside}}));
+    EXPECT_EQ(Found(search), (Chains{{root, g, sw}, {root, g, sw, inside}}));
+    EXPECT_EQ(search.GetCriteria(), CVSearchAction::ByNode | CVSearchAction::ByType);
 }
 
 TEST_F(CVSearchActionTest, MatchingLeafWithoutAGroupAboveThrows) {
     search.SetNode(s1);
     EXPECT_THROW(search.Apply(s1), CInvalidArgException);
     EXPECT_EQ(search.GetState()->m_bRecordPath, 0);
-    // The action is still usable.
-    EXPECT_EQ(search.Apply(root), 1);
-    EXPECT_EQ(Found(), (std::vector<Chain>{{root, g, s1}}));
+    EXPECT_EQ(search.Apply(root), 1);  // still usable
+    EXPECT_EQ(Found(search), (Chains{{root, g, s1}}));
     EXPECT_EQ(search.Apply(nullptr), 0);
     EXPECT_EQ(search.GetNumPathsFound(), 0);
 }

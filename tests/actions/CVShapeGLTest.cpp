@@ -1,12 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
-#include <ostream>
-#include <string>
-
-#include "actions/CVShape.h"
 #include "actions/CVActionTestSupport.h"
+#include "actions/CVShape.h"
 #include "nodes/CVAppearance.h"
 
 namespace cvtest {
@@ -27,6 +20,7 @@ IMPLEMENT_DYNAMIC(CVIndexedLineSet, CVGeometry)
 namespace {
 
 using cvtest::DrawRecord;
+using cvtest::GetInt;
 using cvtest::MatrixNear;
 using cvtest::TestGeometry;
 
@@ -42,97 +36,80 @@ public:
 
 enum GeometryKind { Plain, Text, LineSet };
 
-TestGeometry* MakeGeometry(GeometryKind kind) {
-    switch (kind) {
-        case Text: return new cvtest::CVText;
-        case LineSet: return new cvtest::CVIndexedLineSet;
-        default: return new TestGeometry;
-    }
+::testing::AssertionResult ColorIs(const DrawRecord& r, float red, float green, float blue, float alpha = 1.0f) {
+    const float want[4] = {red, green, blue, alpha};
+    for (int i = 0; i < 4; ++i)
+        if (std::fabs(r.color[i] - want[i]) > 1e-6f)
+            return ::testing::AssertionFailure() << "component " << i << ": " << r.color[i] << " vs " << want[i];
+    return ::testing::AssertionSuccess();
 }
 
-class ShapeFixture : public cvtest::GLFixture {
+class CVShapeGLTest : public cvtest::GLFixture {
 protected:
-    ShapeFixture() { shape->Ref(); }
-    ~ShapeFixture() noexcept override {
+    CVShapeGLTest() { shape->Ref(); }
+    ~CVShapeGLTest() override {
         area->ResetTransparentNodeList();
         shape->Unref();
     }
-    TestGeometry* Use(GeometryKind kind) {
-        TestGeometry* g = MakeGeometry(kind);
+    TestGeometry* Use(GeometryKind kind = Plain) {
+        TestGeometry* g = kind == Text      ? new cvtest::CVText
+                          : kind == LineSet ? new cvtest::CVIndexedLineSet
+                                            : new TestGeometry;
         shape->geometry.SetValue(g);
         return g;
     }
-    void Draw(int pass) {
+    void Draw(int pass, GLenum polygonMode = GL_FILL) {
         state.m_nRenderPass = pass;
+        glPolygonMode(GL_FRONT_AND_BACK, polygonMode);
         shape->Render(&state, area);
-    }
-    static GLint GetInt(GLenum what) {
-        GLint v = 0;
-        glGetIntegerv(what, &v);
-        return v;
+        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
     }
 
     CVShape* shape = new CVShape;
     CVState state;
 };
 
-using CVShapeGLTest = ShapeFixture;
-
-void ExpectColor(const DrawRecord& r, float red, float green, float blue, float alpha = 1.0f) {
-    EXPECT_FLOAT_EQ(r.color[0], red);
-    EXPECT_FLOAT_EQ(r.color[1], green);
-    EXPECT_FLOAT_EQ(r.color[2], blue);
-    EXPECT_FLOAT_EQ(r.color[3], alpha);
-}
-
-TEST_F(CVShapeGLTest, WithoutAppearanceDrawsInGrey) {
-    TestGeometry* g = Use(Plain);
+TEST_F(CVShapeGLTest, DrawsInGreyOrUnderItsAppearanceWithTheTextureTransformAroundTheGeometryOnly) {
+    TestGeometry* g = Use();
     glColorMaterial(GL_FRONT, GL_EMISSION);
     glColor3f(1.0f, 0.0f, 0.0f);
     Draw(1);
     ASSERT_EQ(g->draws.size(), 1u);
-    ExpectColor(g->draws[0], 0.8f, 0.8f, 0.8f);
+    EXPECT_TRUE(ColorIs(g->draws[0], 0.8f, 0.8f, 0.8f));
     EXPECT_EQ(g->draws[0].appearance, nullptr);
     EXPECT_EQ(GetInt(GL_COLOR_MATERIAL_PARAMETER), GL_AMBIENT_AND_DIFFUSE);
     EXPECT_EQ(GetInt(GL_COLOR_MATERIAL_FACE), GL_FRONT_AND_BACK);
-}
 
-TEST_F(CVShapeGLTest, AppearanceIsAppliedAndHandedToTheGeometry) {
-    TestGeometry* g = Use(Plain);
     auto* app = new ColorAppearance;
     shape->appearance.SetValue(app);
     Draw(1);
     EXPECT_EQ(app->renders, 1);
-    ASSERT_EQ(g->draws.size(), 1u);
-    EXPECT_EQ(g->draws[0].appearance, app);
-    ExpectColor(g->draws[0], 0.25f, 0.5f, 0.75f);
-    EXPECT_TRUE(MatrixNear(g->draws[0].textureMatrix, CVMatrix(), 0.0f));
-}
+    ASSERT_EQ(g->draws.size(), 2u);
+    EXPECT_EQ(g->draws[1].appearance, app);
+    EXPECT_TRUE(ColorIs(g->draws[1], 0.25f, 0.5f, 0.75f));
+    EXPECT_TRUE(MatrixNear(g->draws[1].textureMatrix, CVMatrix(), 0.0f));
 
-TEST_F(CVShapeGLTest, TextureTransformBracketsOnlyTheGeometry) {
-    TestGeometry* g = Use(Plain);
-    auto* app = new ColorAppearance;
     auto* shift = new CVTextureTransform;
     shift->translation.SetValue(2.0f, 3.0f);
     app->textureTransform.SetValue(shift);
-    shape->appearance.SetValue(app);
     const GLint depth = GetInt(GL_TEXTURE_STACK_DEPTH);
     Draw(1);
-    ASSERT_EQ(g->draws.size(), 1u);
-    EXPECT_EQ(g->draws[0].textureMatrix.m[0][3], 2.0f);
-    EXPECT_EQ(g->draws[0].textureMatrix.m[1][3], 3.0f);
-    GLfloat m[16];
-    glGetFloatv(GL_TEXTURE_MATRIX, m);
-    EXPECT_TRUE(MatrixNear(CVMatrix(m), CVMatrix(), 0.0f));
+    ASSERT_EQ(g->draws.size(), 3u);
+    EXPECT_EQ(g->draws[2].textureMatrix.m[0][3], 2.0f);
+    EXPECT_EQ(g->draws[2].textureMatrix.m[1][3], 3.0f);
+    EXPECT_TRUE(MatrixNear(cvtest::GetMatrix(GL_TEXTURE_MATRIX), CVMatrix(), 0.0f));
     EXPECT_EQ(GetInt(GL_TEXTURE_STACK_DEPTH), depth);
     EXPECT_EQ(GetInt(GL_MATRIX_MODE), GL_MODELVIEW);
 }
 
-TEST_F(CVShapeGLTest, PickWalkDrawsBareGeometryUnderItsOwnName) {
-    TestGeometry* g = Use(Plain);
-    g->SetVisibleFlag(0);  // picking sees invisible geometry
+TEST_F(CVShapeGLTest, InvisibleGeometryIsOnlyPickedBareUnderItsOwnName) {
+    TestGeometry* g = Use();
+    g->SetVisibleFlag(0);
     g->SetStippledFlag(1);
     shape->appearance.SetValue(new ColorAppearance);
+    Draw(1);
+    EXPECT_TRUE(g->draws.empty());
+
     GLuint buffer[64];
     glSelectBuffer(64, buffer);
     glRenderMode(GL_SELECT);
@@ -143,124 +120,76 @@ TEST_F(CVShapeGLTest, PickWalkDrawsBareGeometryUnderItsOwnName) {
     g->SetSelectableFlag(0);
     Draw(1);
     glRenderMode(GL_RENDER);
-
     ASSERT_EQ(g->draws.size(), 1u);
     EXPECT_EQ(g->draws[0].appearance, nullptr);
     EXPECT_EQ(g->draws[0].nameStackDepth, 1);
     EXPECT_EQ(depthAfter, 0);
 }
 
-TEST_F(CVShapeGLTest, InvisibleGeometryIsNotDrawn) {
-    TestGeometry* g = Use(Plain);
-    g->SetVisibleFlag(0);
-    g->SetStippledFlag(1);
-    Draw(1);
-    EXPECT_TRUE(g->draws.empty());
-}
-
-struct FilterCase {
-    const char* name;
-    int mode;
-    int pass;
-    GeometryKind kind;
-    bool postJitter;
-    bool drawn;
-};
-
-void PrintTo(const FilterCase& c, std::ostream* os) { *os << c.name; }
-
-const FilterCase kFilterCases[] = {
-    {"Off", 0, 1, Text, false, true},
-    {"SkipTextSceneText", 1, 1, Text, false, false},
-    {"SkipTextScenePostJitter", 1, 1, Plain, true, false},
-    {"SkipTextScenePlain", 1, 1, Plain, false, true},
-    {"SkipOtherAnnotationPlain", 2, 3, Plain, false, false},
-    {"SkipOtherAnnotationText", 2, 3, Text, false, true},
-    {"SkipOtherAnnotationPostJitter", 2, 3, Plain, true, true},
-    {"SkipOtherTransparentPassIgnored", 2, 2, Plain, false, true},
-    {"SkipTextIdlePassIgnored", 1, 0, Text, false, true},
-};
-
-class CVShapeFilterGLTest : public ShapeFixture, public ::testing::WithParamInterface<FilterCase> {};
-
-TEST_P(CVShapeFilterGLTest, TextFilterAppliesInSceneAndAnnotationPasses) {
-    const FilterCase& c = GetParam();
-    TestGeometry* g = Use(c.kind);
-    g->SetPostJitterFlag(c.postJitter);
-    area->SetTextFilterMode(c.mode);
-    Draw(c.pass);
-    EXPECT_EQ(g->draws.size(), c.drawn ? 1u : 0u);
-}
-
-INSTANTIATE_TEST_SUITE_P(Modes, CVShapeFilterGLTest, ::testing::ValuesIn(kFilterCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-struct DeferCase {
-    const char* name;
-    unsigned int flags;
-    GeometryKind kind;
-    GLenum polygonMode;
-    int lineAntialiasing;
-    int transparency;
-    int pass;
-    int deferredAs;  // deferral kind, or -1 when drawn at once
-};
-
-void PrintTo(const DeferCase& c, std::ostream* os) { *os << c.name; }
-
-const unsigned int AA = CVGeometry::kAntialiased, TR = CVGeometry::kTransparent,
-                   DS = CVGeometry::kDropShadow, FS = CVGeometry::kForceSort;
-
-const DeferCase kDeferCases[] = {
-    {"NothingToSort", 0, Plain, GL_FILL, 1, 1, 1, -1},
-    {"AntialiasedLineMode", AA, Plain, GL_LINE, 1, 1, 1, 1},
-    {"AntialiasedLineSet", AA, LineSet, GL_FILL, 1, 1, 1, 1},
-    {"AntialiasedLinesWithAntialiasingOff", AA, LineSet, GL_FILL, 0, 1, 1, -1},
-    {"AntialiasedFill", AA, Plain, GL_FILL, 1, 1, 1, -1},
-    {"AntialiasedText", AA, Text, GL_FILL, 1, 1, 1, 2},
-    {"AntialiasedTextInLineMode", AA, Text, GL_LINE, 1, 1, 1, 1},
-    {"Transparent", TR, Plain, GL_FILL, 1, 1, 1, 1},
-    {"TransparentWithTransparencyOff", TR, Plain, GL_FILL, 1, 0, 1, -1},
-    {"TransparentInLineMode", TR, Plain, GL_LINE, 1, 1, 1, -1},
-    {"DropShadowed", DS, Plain, GL_FILL, 1, 0, 1, 1},
-    {"TransparentBeatsForceSort", TR | FS, Plain, GL_FILL, 1, 1, 1, 1},
-    {"ForceSorted", FS, Plain, GL_FILL, 1, 1, 1, 0},
-    {"ForceSortedInPointMode", FS, Plain, GL_POINT, 1, 1, 1, -1},
-    {"ForceSortedText", FS, Text, GL_FILL, 1, 1, 1, 0},
-    {"TransparentOutsideScenePass", TR, Plain, GL_FILL, 1, 1, 2, -1},
-};
-
-class CVShapeDeferGLTest : public ShapeFixture, public ::testing::WithParamInterface<DeferCase> {};
-
-TEST_P(CVShapeDeferGLTest, SortedGeometryIsDeferredWithItsKind) {
-    const DeferCase& c = GetParam();
-    TestGeometry* g = Use(c.kind);
-    if (c.flags & AA) g->SetAntialiasedFlag(1);
-    if (c.flags & TR) g->SetTransparentFlag(1);
-    if (c.flags & DS) g->SetDropShadowFlag(1);
-    if (c.flags & FS) g->SetForceSortFlag(1);
-    area->SetLineAntialiasingEnabled(c.lineAntialiasing);
-    area->SetTransparencyEnabled(c.transparency);
-    glPolygonMode(GL_FRONT_AND_BACK, c.polygonMode);
-    Draw(c.pass);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-
-    if (c.deferredAs < 0) {
-        EXPECT_EQ(area->GetTransparentNodeListSize(), 0);
-        EXPECT_EQ(g->draws.size(), 1u);
-        return;
+// Whether a shape draws its geometry at once, skips it (text filter) or
+// defers it to the transparent list, and as what kind.
+TEST_F(CVShapeGLTest, GeometryIsDrawnFilteredOrDeferredWithItsKind) {
+    const unsigned int AA = CVGeometry::kAntialiased, TR = CVGeometry::kTransparent, DS = CVGeometry::kDropShadow,
+                       FS = CVGeometry::kForceSort, PJ = 1u << 31;
+    const int kDrawn = -1, kSkipped = -2;
+    const struct {
+        const char* name;
+        GeometryKind kind;
+        unsigned int flags;
+        GLenum polygonMode;
+        int pass, textFilter, lineAntialiasing, transparency;
+        int outcome;  // drawn, skipped or the deferral kind
+    } cases[] = {
+        {"FilterOff", Text, 0, GL_FILL, 1, 0, 1, 1, kDrawn},
+        {"SkipTextSceneText", Text, 0, GL_FILL, 1, 1, 1, 1, kSkipped},
+        {"SkipTextScenePostJitter", Plain, PJ, GL_FILL, 1, 1, 1, 1, kSkipped},
+        {"SkipTextScenePlain", Plain, 0, GL_FILL, 1, 1, 1, 1, kDrawn},
+        {"SkipOtherAnnotationPlain", Plain, 0, GL_FILL, 3, 2, 1, 1, kSkipped},
+        {"SkipOtherAnnotationText", Text, 0, GL_FILL, 3, 2, 1, 1, kDrawn},
+        {"SkipOtherAnnotationPostJitter", Plain, PJ, GL_FILL, 3, 2, 1, 1, kDrawn},
+        {"SkipOtherTransparentPassIgnored", Plain, 0, GL_FILL, 2, 2, 1, 1, kDrawn},
+        {"SkipTextIdlePassIgnored", Text, 0, GL_FILL, 0, 1, 1, 1, kDrawn},
+        {"NothingToSort", Plain, 0, GL_FILL, 1, 0, 1, 1, kDrawn},
+        {"AntialiasedLineMode", Plain, AA, GL_LINE, 1, 0, 1, 1, 1},
+        {"AntialiasedLineSet", LineSet, AA, GL_FILL, 1, 0, 1, 1, 1},
+        {"AntialiasedLinesWithAntialiasingOff", LineSet, AA, GL_FILL, 1, 0, 0, 1, kDrawn},
+        {"AntialiasedFill", Plain, AA, GL_FILL, 1, 0, 1, 1, kDrawn},
+        {"AntialiasedText", Text, AA, GL_FILL, 1, 0, 1, 1, 2},
+        {"AntialiasedTextInLineMode", Text, AA, GL_LINE, 1, 0, 1, 1, 1},
+        {"Transparent", Plain, TR, GL_FILL, 1, 0, 1, 1, 1},
+        {"TransparentWithTransparencyOff", Plain, TR, GL_FILL, 1, 0, 1, 0, kDrawn},
+        {"TransparentInLineMode", Plain, TR, GL_LINE, 1, 0, 1, 1, kDrawn},
+        {"DropShadowed", Plain, DS, GL_FILL, 1, 0, 1, 0, 1},
+        {"TransparentBeatsForceSort", Plain, TR | FS, GL_FILL, 1, 0, 1, 1, 1},
+        {"ForceSorted", Plain, FS, GL_FILL, 1, 0, 1, 1, 0},
+        {"ForceSortedInPointMode", Plain, FS, GL_POINT, 1, 0, 1, 1, kDrawn},
+        {"ForceSortedText", Text, FS, GL_FILL, 1, 0, 1, 1, 0},
+        {"TransparentOutsideScenePass", Plain, TR, GL_FILL, 2, 0, 1, 1, kDrawn},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        area->ResetTransparentNodeList();
+        TestGeometry* g = Use(c.kind);
+        g->SetAntialiasedFlag((c.flags & AA) != 0);
+        g->SetTransparentFlag((c.flags & TR) != 0);
+        g->SetDropShadowFlag((c.flags & DS) != 0);
+        g->SetForceSortFlag((c.flags & FS) != 0);
+        g->SetPostJitterFlag((c.flags & PJ) != 0);
+        area->SetTextFilterMode(c.textFilter);
+        area->SetLineAntialiasingEnabled(c.lineAntialiasing);
+        area->SetTransparencyEnabled(c.transparency);
+        Draw(c.pass, c.polygonMode);
+        EXPECT_EQ(g->draws.size(), c.outcome == kDrawn ? 1u : 0u);
+        ASSERT_EQ(area->GetTransparentNodeListSize(), c.outcome >= 0 ? 1 : 0);
+        if (c.outcome >= 0) {
+            EXPECT_EQ(area->GetTransparentNodeInfo(0)->node, shape);
+            EXPECT_EQ(area->GetTransparentNodeInfo(0)->type, c.outcome);
+        }
     }
-    ASSERT_EQ(area->GetTransparentNodeListSize(), 1);
-    EXPECT_EQ(area->GetTransparentNodeInfo(0)->node, shape);
-    EXPECT_EQ(area->GetTransparentNodeInfo(0)->type, c.deferredAs);
-    EXPECT_TRUE(g->draws.empty());
 }
-
-INSTANTIATE_TEST_SUITE_P(Flags, CVShapeDeferGLTest, ::testing::ValuesIn(kDeferCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CVShapeGLTest, DataPointCastsAStippledUnlitShadowFirst) {
-    TestGeometry* g = Use(Plain);
+    TestGeometry* g = Use();
     g->SetDataPointFlag(1);
     shape->appearance.SetValue(new ColorAppearance);
     area->SetDropShadowsEnabled(1);
@@ -269,97 +198,81 @@ TEST_F(CVShapeGLTest, DataPointCastsAStippledUnlitShadowFirst) {
     glTranslatef(1.0f, 2.0f, -3.0f);
     const CVMatrix view = ModelView();
     Draw(1);
+    glDisable(GL_LIGHTING);
 
     ASSERT_EQ(g->draws.size(), 2u);
-    const DrawRecord& shadow = g->draws[0];
+    const DrawRecord &shadow = g->draws[0], &itself = g->draws[1];
     EXPECT_EQ(shadow.appearance, nullptr);
     EXPECT_FALSE(shadow.lighting);
     EXPECT_TRUE(shadow.stipple);
-    ExpectColor(shadow, 0.4f, 0.4f, 0.4f, 0.5f);
+    EXPECT_TRUE(ColorIs(shadow, 0.4f, 0.4f, 0.4f, 0.5f));
     EXPECT_TRUE(MatrixNear(shadow.modelView, view * CVMatrix(area->GetShadowMatrix()), 1e-5f));
     // The shape itself is drawn as usual, with state and matrix restored.
-    EXPECT_TRUE(g->draws[1].lighting);
-    EXPECT_FALSE(g->draws[1].stipple);
-    EXPECT_TRUE(MatrixNear(g->draws[1].modelView, view, 0.0f));
-    ExpectColor(g->draws[1], 0.25f, 0.5f, 0.75f);
-    glDisable(GL_LIGHTING);
-}
+    EXPECT_TRUE(itself.lighting);
+    EXPECT_FALSE(itself.stipple);
+    EXPECT_TRUE(MatrixNear(itself.modelView, view, 0.0f));
+    EXPECT_TRUE(ColorIs(itself, 0.25f, 0.5f, 0.75f));
 
-TEST_F(CVShapeGLTest, NoShadowForLinesOutsideTheScenePassOrWhenOff) {
+    // No shadow when off, for lines, or outside the scene pass.
     const struct {
         const char* name;
         GeometryKind kind;
         GLenum polygonMode;
-        int shadows;
-        int pass;
-    } kCases[] = {
+        int shadows, pass;
+    } noShadow[] = {
         {"ShadowsOff", Plain, GL_FILL, 0, 1},
         {"LineMode", Plain, GL_LINE, 1, 1},
         {"LineSet", LineSet, GL_FILL, 1, 1},
         {"TransparentPass", Plain, GL_FILL, 1, 2},
     };
-    for (const auto& c : kCases) {
+    for (const auto& c : noShadow) {
         SCOPED_TRACE(c.name);
-        TestGeometry* g = Use(c.kind);
-        g->SetDataPointFlag(1);
+        TestGeometry* other = Use(c.kind);
+        other->SetDataPointFlag(1);
         area->SetDropShadowsEnabled(c.shadows);
-        glPolygonMode(GL_FRONT_AND_BACK, c.polygonMode);
-        Draw(c.pass);
-        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-        EXPECT_EQ(g->draws.size(), 1u);
+        Draw(c.pass, c.polygonMode);
+        EXPECT_EQ(other->draws.size(), 1u);
     }
 }
 
-struct OverlayCase {
-    const char* name;
-    int percent;
-    bool yExtrusion;
-    float scale[3];
-};
-
-void PrintTo(const OverlayCase& c, std::ostream* os) { *os << c.name; }
-
-const OverlayCase kOverlayCases[] = {
-    {"HalfSelected", 50, false, {0.5005f, 0.5005f, 1.0005f}},
-    {"HalfSelectedYExtrusion", 50, true, {0.5005f, 1.0005f, 0.5005f}},
-    {"PercentCappedAtWhole", 200, false, {1.0005f, 1.0005f, 1.0005f}},
-    {"NoPercent", 0, true, {0.0005f, 1.0005f, 0.0005f}},
-};
-
-class CVShapeOverlayGLTest : public ShapeFixture, public ::testing::WithParamInterface<OverlayCase> {};
-
-TEST_P(CVShapeOverlayGLTest, SelectedGeometryGetsAScaledStippledOverlay) {
-    const OverlayCase& c = GetParam();
-    TestGeometry* g = Use(Plain);
-    g->SetStippledFlag(1);
-    g->SetStipplePercent((unsigned short)c.percent);
-    g->SetYAxisExtrusionFlag(c.yExtrusion);
+TEST_F(CVShapeGLTest, SelectedGeometryGetsAScaledStippledOverlayUnlessPartial) {
+    const struct {
+        const char* name;
+        int percent;
+        bool yExtrusion;
+        float scale[3];
+    } cases[] = {
+        {"HalfSelected", 50, false, {0.5005f, 0.5005f, 1.0005f}},
+        {"HalfSelectedYExtrusion", 50, true, {0.5005f, 1.0005f, 0.5005f}},
+        {"PercentCappedAtWhole", 200, false, {1.0005f, 1.0005f, 1.0005f}},
+        {"NoPercent", 0, true, {0.0005f, 1.0005f, 0.0005f}},
+    };
     area->SetSelectionColor(RGBColorStruct{0.0f, 1.0f, 0.5f});
     glTranslatef(0.0f, 0.0f, -2.0f);
     const CVMatrix view = ModelView();
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        TestGeometry* g = Use();
+        g->SetStippledFlag(1);
+        g->SetStipplePercent((unsigned short)c.percent);
+        g->SetYAxisExtrusionFlag(c.yExtrusion);
+        Draw(1);
+        ASSERT_EQ(g->draws.size(), 2u);
+        EXPECT_FALSE(g->draws[0].stipple);
+        const DrawRecord& overlay = g->draws[1];
+        EXPECT_TRUE(overlay.stipple);
+        EXPECT_TRUE(ColorIs(overlay, 0.0f, 1.0f, 0.5f));
+        CVMatrix scale;
+        for (int i = 0; i < 3; ++i) scale.m[i][i] = c.scale[i];
+        EXPECT_TRUE(MatrixNear(overlay.modelView, view * scale, 1e-6f));
+        EXPECT_FALSE(glIsEnabled(GL_POLYGON_STIPPLE));
+        EXPECT_TRUE(MatrixNear(ModelView(), view, 0.0f));
+    }
+    TestGeometry* partial = Use();
+    partial->SetStippledFlag(1);
+    partial->SetPartialSelectionFlag(1);
     Draw(1);
-
-    ASSERT_EQ(g->draws.size(), 2u);
-    EXPECT_FALSE(g->draws[0].stipple);
-    const DrawRecord& overlay = g->draws[1];
-    EXPECT_TRUE(overlay.stipple);
-    ExpectColor(overlay, 0.0f, 1.0f, 0.5f);
-    CVMatrix scale;
-    for (int i = 0; i < 3; ++i) scale.m[i][i] = c.scale[i];
-    EXPECT_TRUE(MatrixNear(overlay.modelView, view * scale, 1e-6f));
-    EXPECT_FALSE(glIsEnabled(GL_POLYGON_STIPPLE));
-    EXPECT_TRUE(MatrixNear(ModelView(), view, 0.0f));
-}
-
-INSTANTIATE_TEST_SUITE_P(Percents, CVShapeOverlayGLTest, ::testing::ValuesIn(kOverlayCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST_F(CVShapeGLTest, PartialSelectionDrawsNoOverlay) {
-    TestGeometry* g = Use(Plain);
-    g->SetStippledFlag(1);
-    g->SetPartialSelectionFlag(1);
-    Draw(1);
-    EXPECT_EQ(g->draws.size(), 1u);
+    EXPECT_EQ(partial->draws.size(), 1u);
 }
 
 }  // namespace

@@ -1,17 +1,12 @@
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
+#include "actions/CVActionTestSupport.h"
 #include "actions/CVGroup.h"
 #include "actions/CVSwitch.h"
-#include "actions/CVActionTestSupport.h"
 #include "platform/CException.h"
 
-using cvtest::LogAction;
-using Log = std::vector<std::string>;
-
 namespace {
+
+using cvtest::Log;
+using cvtest::Path;
 
 // sw [x, g [y]]
 class CVSwitchTest : public ::testing::Test {
@@ -23,19 +18,13 @@ protected:
         g->children.Add(y);
         action.labels = {{sw, "sw"}, {x, "x"}, {g, "g"}, {y, "y"}};
     }
-    ~CVSwitchTest() noexcept override { sw->Unref(); }
-
-    CArray<CVNode*, CVNode*> Path(std::vector<CVNode*> nodes) {
-        CArray<CVNode*, CVNode*> p;
-        for (CVNode* n : nodes) p.Add(n);
-        return p;
-    }
+    ~CVSwitchTest() override { sw->Unref(); }
 
     CVSwitch* sw = new CVSwitch;
     CVChild* x = new CVChild;
     CVGroup* g = new CVGroup;
     CVChild* y = new CVChild;
-    LogAction action;
+    cvtest::LogAction action;
 };
 
 TEST_F(CVSwitchTest, NoChoiceIsInvisibleToFreeAndPathWalks) {
@@ -46,7 +35,7 @@ TEST_F(CVSwitchTest, NoChoiceIsInvisibleToFreeAndPathWalks) {
     EXPECT_TRUE(action.log.empty());
 }
 
-TEST_F(CVSwitchTest, WalksOnlyTheChosenChildWithoutConsultingTheContinueFlag) {
+TEST_F(CVSwitchTest, WalksOnlyTheChosenChildWhateverTheFlagOrThePathSay) {
     sw->whichChoice.SetValue(1);
     action.onPre = [&](CVNode* n) {
         if (n == sw) action.Stop();
@@ -54,15 +43,13 @@ TEST_F(CVSwitchTest, WalksOnlyTheChosenChildWithoutConsultingTheContinueFlag) {
     action.Apply(sw);
     // The group below honours the cleared flag; the switch itself does not.
     EXPECT_EQ(action.log, (Log{"push", "pre sw", "push", "pre g", "post g", "pop", "post sw", "pop"}));
-}
 
-TEST_F(CVSwitchTest, PathWalkTakesTheChosenChildWhateverThePathHolds) {
-    sw->whichChoice.SetValue(1);
-    auto path = Path({sw, x, y});
+    action.log.clear();
+    action.onPre = nullptr;
+    auto path = Path({sw, x, y});  // g gets index 1 and follows the path to y
     sw->Traverse(&action, &path, 0);
-    // g gets index 1 and follows the path to y.
-    EXPECT_EQ(action.log, (Log{"push", "pre sw", "push", "pre g", "pre y", "post y", "post g", "pop",
-                               "post sw", "pop"}));
+    EXPECT_EQ(action.log,
+              (Log{"push", "pre sw", "push", "pre g", "pre y", "post y", "post g", "pop", "post sw", "pop"}));
 }
 
 TEST_F(CVSwitchTest, ChoiceOutOfRangeThrowsBeforeTouchingTheAction) {
@@ -70,9 +57,8 @@ TEST_F(CVSwitchTest, ChoiceOutOfRangeThrowsBeforeTouchingTheAction) {
     EXPECT_THROW(action.Apply(sw), CInvalidArgException);
     EXPECT_TRUE(action.log.empty());
     EXPECT_EQ(action.GetState()->m_nDepth, -1);
-}
 
-TEST_F(CVSwitchTest, EmptyChoiceListIsSkippedOnlyInAFreeWalk) {
+    // An empty choice list is skipped in a free walk only.
     CVSwitch* empty = new CVSwitch;
     empty->Ref();
     empty->whichChoice.SetValue(0);

@@ -1,7 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
 #include "geometry/CVBox.h"
 #include "nodes/CVAppearance.h"
 #include "nodes/CVTexture.h"
@@ -9,42 +5,31 @@
 
 namespace {
 
+using cvtest::Corners;
+using cvtest::Sized;
+
 class CVBoxGLTest : public cvtest::GeometryFixture {
 protected:
-    CVBox* MakeBox(float x, float y, float z) {
-        auto* box = Make<CVBox>();
-        box->size.SetValue(x, y, z);
-        return box;
-    }
+    CVBox* MakeBox(float x, float y, float z) { return Sized(Make<CVBox>(), x, y, z); }
     void DrawPicking(CVGeometry* g) {
         CVState state;
         state.m_bRecordPath = 1;
         g->Render(&state, area, nullptr);
     }
-    static constexpr uint32_t kRed = 0xFF0000, kGreen = 0x00FF00, kWhite = 0xFFFFFF;
+    static constexpr uint32_t kRed = 0xFF0000, kGreen = 0x00FF00;
 };
 
-TEST_F(CVBoxGLTest, UnitBoxCoversItsSquareOfPixels) {
+TEST_F(CVBoxGLTest, BoxCoversItsRectangleOfPixels) {
     Draw(MakeBox(1, 1, 1));
-    const cvtest::PixelBounds b = LitBounds();
-    EXPECT_EQ(b.x0, 24);
-    EXPECT_EQ(b.x1, 39);
-    EXPECT_EQ(b.y0, 24);
-    EXPECT_EQ(b.y1, 39);
+    EXPECT_EQ(Corners(LitBounds()), (std::array<int, 4>{24, 24, 39, 39}));
     EXPECT_EQ(CountLit(24, 24, 39, 39), 256);
     EXPECT_FLOAT_EQ(Depth(32, 32), 0.475f);  // the +z face, at z = 0.5
-}
-
-TEST_F(CVBoxGLTest, SizeScalesEachAxis) {
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     Draw(MakeBox(0.5f, 2, 1));
-    const cvtest::PixelBounds b = LitBounds();
-    EXPECT_EQ(b.x0, 28);
-    EXPECT_EQ(b.x1, 35);
-    EXPECT_EQ(b.y0, 16);
-    EXPECT_EQ(b.y1, 47);
+    EXPECT_EQ(Corners(LitBounds()), (std::array<int, 4>{28, 16, 35, 47}));
 }
 
-TEST_F(CVBoxGLTest, FlatBoxIsOneRectangleFacingPlusZ) {
+TEST_F(CVBoxGLTest, FlatBoxIsOneRectangleFacingPlusZWithItsCornersInLineMode) {
     CVBox* box = MakeBox(1, 1, 0);
     glDisable(GL_CULL_FACE);
     const Feedback flat = Collect([&] { Draw(box); });
@@ -56,25 +41,23 @@ TEST_F(CVBoxGLTest, FlatBoxIsOneRectangleFacingPlusZ) {
     EXPECT_EQ(Collect([&] { DrawPicking(box); }).polygons, flat.polygons);
     EXPECT_EQ(Collect([&] { DrawPicking(MakeBox(1, 1, 1)); }).polygons, solid.polygons);
 
+    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+    const Feedback lines = Collect([&] { Draw(box); });
+    EXPECT_EQ(lines.points, 4);
+    EXPECT_EQ(lines.lines, 4);
+    EXPECT_EQ(Collect([&] { Draw(MakeBox(1, 1, 1)); }).points, 0);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+
     glEnable(GL_CULL_FACE);
     LightFromViewer();
     Draw(box);
     EXPECT_FLOAT_EQ(Depth(32, 32), 0.5f);
-    EXPECT_EQ(Pixel(32, 32), kWhite);
+    EXPECT_EQ(Pixel(32, 32), 0xFFFFFFu);
     // Turned away it is culled: there is no back face.
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     glRotatef(180.0f, 0.0f, 1.0f, 0.0f);
     Draw(box);
     EXPECT_TRUE(LitBounds().Empty());
-}
-
-TEST_F(CVBoxGLTest, FlatBoxInLineModeAlsoDrawsItsCorners) {
-    CVBox* box = MakeBox(1, 1, 0);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
-    const Feedback f = Collect([&] { Draw(box); });
-    EXPECT_EQ(f.points, 4);
-    EXPECT_EQ(f.lines, 4);
-    EXPECT_EQ(Collect([&] { Draw(MakeBox(1, 1, 1)); }).points, 0);
 }
 
 TEST_F(CVBoxGLTest, NegativeSizeDrawsTheNegatedBoxAsLines) {
@@ -99,10 +82,8 @@ TEST_F(CVBoxGLTest, TiledTextureStretchesTheSidesByHeightOverWidth) {
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
     auto* appearance = Make<CVAppearance>();
     auto* tiles = new CVTexture;
-    tiles->SetTiled(1);
     appearance->texture.SetValue(tiles);
     CVBox* box = MakeBox(1, 2, 1);
-
     const struct {
         int compliant, tiled;
         uint32_t at30Percent;
@@ -115,9 +96,7 @@ TEST_F(CVBoxGLTest, TiledTextureStretchesTheSidesByHeightOverWidth) {
         EXPECT_EQ(Pixel(32, Px(-0.4f)), c.at30Percent) << "compliant " << c.compliant << ", tiled " << c.tiled;
         EXPECT_EQ(Pixel(32, Px(-0.8f)), kRed);
     }
-    GLint depth = 0;
-    glGetIntegerv(GL_TEXTURE_STACK_DEPTH, &depth);
-    EXPECT_EQ(depth, 1);
+    EXPECT_EQ(cvtest::GetInt(GL_TEXTURE_STACK_DEPTH), 1);
     EXPECT_FALSE(glIsEnabled(GL_TEXTURE_2D));
     glDeleteTextures(1, &texture);
 }
@@ -135,11 +114,10 @@ TEST_F(CVBoxGLTest, PartialSelectionColoursTheSelectedFractionOfTheHeight) {
     };
     Draw(box);  // percent 0: nothing
     EXPECT_EQ(countRed(24, 39), 0);
-
     box->SetStipplePercent(50);
     glColor3f(1.0f, 1.0f, 1.0f);
     Draw(box);
-    EXPECT_GT(countRed(24, 31), 0);    // stippled: some, not all
+    EXPECT_GT(countRed(24, 31), 0);  // stippled: some, not all
     EXPECT_LT(countRed(24, 31), 128);
     EXPECT_EQ(countRed(33, 39), 0);
     EXPECT_FALSE(glIsEnabled(GL_POLYGON_STIPPLE));

@@ -1,29 +1,18 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
-#include "geometry/CVCone.h"
 #include "support/CVGeometryTestSupport.h"
 
 namespace {
 
+using cvtest::Shaped;
+
 class CVConeGLTest : public cvtest::GeometryFixture {
 protected:
-    CVCone* MakeCone(float radius, float height) {
-        auto* cone = Make<CVCone>();
-        cone->bottomRadius.SetValue(radius);
-        cone->height.SetValue(height);
-        return cone;
-    }
+    CVCone* MakeCone(float radius, float height) { return Shaped(Make<CVCone>(), radius, height); }
 };
 
 TEST_F(CVConeGLTest, SideViewIsATriangleWithTheApexUp) {
     Draw(MakeCone(0.5f, 1.0f));
-    const cvtest::PixelBounds b = LitBounds();
-    EXPECT_EQ(b.y0, 24);
-    EXPECT_EQ(b.y1, 38);  // the top row's centres lie outside the apex's last 1/32 unit
-    EXPECT_EQ(b.x0, 24);
-    EXPECT_EQ(b.x1, 39);
+    // The top row's centres lie outside the apex's last 1/32 unit.
+    EXPECT_EQ(cvtest::Corners(LitBounds()), (std::array<int, 4>{24, 24, 39, 38}));
     EXPECT_TRUE(Lit(0.0f, 0.4f));
     EXPECT_FALSE(Lit(0.2f, 0.4f));
     EXPECT_TRUE(Lit(0.4f, -0.4f));
@@ -53,14 +42,14 @@ TEST_F(CVConeGLTest, CompilingClearsModifiedWhileSharingLeavesItSet) {
 }
 
 // The side normals are horizontal, so a light from straight above leaves the
-// side dark; sloped normals would catch some of it.
+// side dark; sloped normals would catch some of it. From the front the side
+// is fully lit at its middle.
 TEST_F(CVConeGLTest, SideNormalsIgnoreTheSlope) {
     const GLfloat above[4] = {0.0f, 1.0f, 0.0f, 0.0f};
     LightFromViewer();
     glLightfv(GL_LIGHT0, GL_POSITION, above);
     Draw(MakeCone(0.5f, 1.0f));
     EXPECT_LT(Red(32, 28), 8);
-    // From the front the side is fully lit at its middle.
     LightFromViewer();
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     Draw(MakeCone(0.5f, 1.0f));

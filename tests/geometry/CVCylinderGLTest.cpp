@@ -1,55 +1,35 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
-#include <string>
-
-#include "geometry/CVCylinder.h"
 #include "support/CVGeometryTestSupport.h"
 
 namespace {
 
-struct GrowthCase {
-    const char* name;
-    float radius;
-    int before, after;
-};
-
-class CVCylinderPrecisionGLTest : public cvtest::GeometryFixture,
-                                  public ::testing::WithParamInterface<GrowthCase> {};
-
-TEST_P(CVCylinderPrecisionGLTest, DefaultPrecisionGrowsWithTheRadiusOnce) {
-    auto* c = Make<CVCylinder>();
-    c->radius.SetValue(GetParam().radius);
-    c->precision = GetParam().before;
-    Draw(c);
-    EXPECT_EQ(c->precision, GetParam().after);
-    c->radius.SetValue(0.01f);  // grown once: stays
-    Draw(c);
-    EXPECT_EQ(c->precision, GetParam().after);
-}
-
-const GrowthCase kGrowth[] = {
-    {"Wide", 0.2f, 14, 26},          {"Medium", 0.07f, 14, 20},   {"Narrow", 0.04f, 14, 14},
-    {"AtTheFirstStep", 0.05f, 14, 14}, {"SetByHand", 0.2f, 15, 15}, {"NegativeRadius", -0.5f, 14, 14},
-};
-INSTANTIATE_TEST_SUITE_P(Radii, CVCylinderPrecisionGLTest, ::testing::ValuesIn(kGrowth),
-                         [](const auto& info) { return std::string(info.param.name); });
+using cvtest::GetInt;
 
 class CVCylinderGLTest : public cvtest::GeometryFixture {
 protected:
-    CVCylinder* MakeCylinder(float radius, float height) {
-        auto* c = Make<CVCylinder>();
-        c->radius.SetValue(radius);
-        c->height.SetValue(height);
-        return c;
-    }
-    static GLint GetInt(GLenum what) {
-        GLint v = 0;
-        glGetIntegerv(what, &v);
-        return v;
-    }
+    CVCylinder* MakeCylinder(float radius, float height) { return cvtest::Shaped(Make<CVCylinder>(), radius, height); }
 };
+
+TEST_F(CVCylinderGLTest, DefaultPrecisionGrowsWithTheRadiusOnce) {
+    const struct {
+        const char* name;
+        float radius;
+        int before, after;
+    } cases[] = {
+        {"Wide", 0.2f, 14, 26},          {"Medium", 0.07f, 14, 20},   {"Narrow", 0.04f, 14, 14},
+        {"AtTheFirstStep", 0.05f, 14, 14}, {"SetByHand", 0.2f, 15, 15}, {"NegativeRadius", -0.5f, 14, 14},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        CVCylinder* cylinder = MakeCylinder(c.radius, 2.0f);
+        cylinder->precision = c.before;
+        Draw(cylinder);
+        EXPECT_EQ(cylinder->precision, c.after);
+        cylinder->radius.SetValue(0.01f);  // grown once: stays
+        Draw(cylinder);
+        EXPECT_EQ(cylinder->precision, c.after);
+    }
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+}
 
 TEST_F(CVCylinderGLTest, OneListServesEveryHeight) {
     CVCacheManager* cache = FreshCacheManager();
@@ -62,11 +42,7 @@ TEST_F(CVCylinderGLTest, OneListServesEveryHeight) {
     CVCylinder* b = MakeCylinder(0.5f, 3.0f);
     Draw(b);
     EXPECT_NE(b->IsModified(), 0);  // replayed, not compiled
-    const cvtest::PixelBounds bounds = LitBounds();
-    EXPECT_EQ(bounds.y0, 8);
-    EXPECT_EQ(bounds.y1, 55);
-    EXPECT_EQ(bounds.x0, 24);
-    EXPECT_EQ(bounds.x1, 39);
+    EXPECT_EQ(cvtest::Corners(LitBounds()), (std::array<int, 4>{24, 8, 39, 55}));
 
     CVCylinder* c = MakeCylinder(0.5f, 1.0f);
     c->top.SetValue(0);

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "markers/CVCross.h"
 #include "support/CVGeometryTestSupport.h"
 
@@ -8,16 +6,16 @@ namespace {
 using CVCrossGLTest = cvtest::GeometryFixture;
 
 TEST_F(CVCrossGLTest, PlusSignFacingTheViewerWithOrWithoutTheMarkerFlag) {
-    auto* cross = Make<CVCross>();
-    cross->size.SetValue(1, 1, 1);
+    auto* cross = cvtest::Sized(Make<CVCross>(), 1, 1, 1);
     for (int marker : {0, 1}) {
+        SCOPED_TRACE(marker);
         cross->SetMarkerFlag(marker);
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         Draw(cross);
-        EXPECT_TRUE(Lit(0.45f, 0.0f)) << marker;
-        EXPECT_TRUE(Lit(0.0f, -0.45f)) << marker;
-        EXPECT_FALSE(Lit(0.3f, 0.3f)) << marker;
-        EXPECT_FALSE(Lit(-0.3f, -0.3f)) << marker;
+        EXPECT_TRUE(Lit(0.45f, 0.0f));
+        EXPECT_TRUE(Lit(0.0f, -0.45f));
+        EXPECT_FALSE(Lit(0.3f, 0.3f));
+        EXPECT_FALSE(Lit(-0.3f, -0.3f));
         EXPECT_FLOAT_EQ(Depth(32, 32), 0.475f);
     }
 }

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "markers/CVFlag.h"
 #include "support/CVGeometryTestSupport.h"
 
@@ -8,17 +6,15 @@ namespace {
 using CVFlagGLTest = cvtest::GeometryFixture;
 
 TEST_F(CVFlagGLTest, TurnedFlagIsATrianglePointingRight) {
-    auto* flag = Make<CVFlag>();
-    flag->size.SetValue(1, 1, 1);
+    auto* flag = cvtest::Sized(Make<CVFlag>(), 1, 1, 1);
     flag->SetMarkerFlag(1);
     Draw(flag);
     EXPECT_TRUE(Lit(0.05f, 0.25f));  // near the staff's top
     EXPECT_TRUE(Lit(0.5f, 0.0f));    // near the tip
     EXPECT_FALSE(Lit(-0.05f, 0.0f));
     EXPECT_FALSE(Lit(0.45f, 0.2f));
-    const cvtest::PixelBounds b = LitBounds();
-    EXPECT_EQ(b.x0, 32);
-    EXPECT_EQ(b.x1, Px(0.6f) - 1);
+    EXPECT_EQ(LitBounds().x0, 32);
+    EXPECT_EQ(LitBounds().x1, Px(0.6f) - 1);
 }
 
 }  // namespace

@@ -1,7 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
 #include "markers/CVCross.h"
 #include "markers/CVHexagon.h"
 #include "markers/CVPrism.h"
@@ -17,8 +13,8 @@ using CVMarkerColumnGLTest = cvtest::GeometryFixture;
 TEST_F(CVMarkerColumnGLTest, PickingDrawsNoNormalsOrTextureCoordinates) {
     CVState picking;
     picking.m_bRecordPath = 1;
-    CVGeometry* shapes[] = {Make<CVStar>(), Make<CVHexagon>(), Make<CVPrism>(), Make<CVCross>()};
-    for (CVGeometry* g : shapes) {
+    for (CVGeometry* g : {(CVGeometry*)Make<CVStar>(), (CVGeometry*)Make<CVHexagon>(), (CVGeometry*)Make<CVPrism>(),
+                          (CVGeometry*)Make<CVCross>()}) {
         glNormal3f(0.25f, 0.5f, 0.75f);
         glTexCoord2f(0.125f, 0.375f);
         g->Render(&picking, area, nullptr);
@@ -33,10 +29,8 @@ TEST_F(CVMarkerColumnGLTest, PickingDrawsNoNormalsOrTextureCoordinates) {
 // Lying flat, the hexagon shows its +z wall square on and the slanted walls
 // at cos(63.4 deg).
 TEST_F(CVMarkerColumnGLTest, SideWallsCarryTheirStoredNormals) {
-    auto* hexagon = Make<CVHexagon>();
-    hexagon->size.SetValue(1, 1, 1);
     LightFromViewer();
-    Draw(hexagon);
+    Draw(cvtest::Sized(Make<CVHexagon>(), 1, 1, 1));
     EXPECT_GE(Red(32, 32), 250);
     EXPECT_NEAR(Red(Px(0.4f), 32), 114, 6);
 }
@@ -54,17 +48,13 @@ TEST_F(CVMarkerColumnGLTest, TiledTextureStretchesTheSides) {
     auto* tiles = new CVTexture;
     tiles->SetTiled(1);
     appearance->texture.SetValue(tiles);
-    auto* hexagon = Make<CVHexagon>();
-    hexagon->size.SetValue(1, 2, 1);
-
+    auto* hexagon = cvtest::Sized(Make<CVHexagon>(), 1, 2, 1);
     Draw(hexagon, appearance);
     EXPECT_EQ(Pixel(32, Px(-0.4f)), 0xFF0000u);
     hexagon->SetVRMLCompliantFlag(0);
     Draw(hexagon, appearance);
     EXPECT_EQ(Pixel(32, Px(-0.4f)), 0x00FF00u);
-    GLint depth = 0;
-    glGetIntegerv(GL_TEXTURE_STACK_DEPTH, &depth);
-    EXPECT_EQ(depth, 1);
+    EXPECT_EQ(cvtest::GetInt(GL_TEXTURE_STACK_DEPTH), 1);
     glDeleteTextures(1, &texture);
 }
 

@@ -1,7 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
 #include "markers/CVFlag.h"
 #include "markers/CVHeart.h"
 #include "support/CVGeometryTestSupport.h"
@@ -18,9 +14,7 @@ TEST_F(CVMarkerOutlineGLTest, PickingDrawsNoNormals) {
     heart->Render(&picking, area, nullptr);
     GLfloat n[3];
     glGetFloatv(GL_CURRENT_NORMAL, n);
-    EXPECT_EQ(n[0], 0.25f);
-    EXPECT_EQ(n[1], 0.5f);
-    EXPECT_EQ(n[2], 0.75f);
+    EXPECT_EQ(std::vector<float>(n, n + 3), std::vector<float>({0.25f, 0.5f, 0.75f}));
     Draw(heart);
     glGetFloatv(GL_CURRENT_NORMAL, n);
     EXPECT_EQ(n[1], 1.0f);  // the top cap's, last drawn
@@ -29,10 +23,8 @@ TEST_F(CVMarkerOutlineGLTest, PickingDrawsNoNormals) {
 // Lying flat, the flag shows the viewer the side wall from its tip back to
 // the staff; lit from the front it catches cos(atan(0.5)) of the light.
 TEST_F(CVMarkerOutlineGLTest, SideWallsFaceOutwards) {
-    auto* flag = Make<CVFlag>();
-    flag->size.SetValue(1, 1, 1);
     LightFromViewer();
-    Draw(flag);
+    Draw(cvtest::Sized(Make<CVFlag>(), 1, 1, 1));
     const int px = Px(0.3f);
     EXPECT_NEAR(Red(px, 32), 228, 6);
     const float x = (px + 0.5f) / 16.0f - 2.0f;  // the pixel centre, on the wall z = 0.3 - x / 2

@@ -1,10 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
-#include <functional>
-#include <string>
-
 #include "markers/CVClub.h"
 #include "markers/CVCross.h"
 #include "markers/CVDiamond.h"
@@ -25,100 +18,91 @@ namespace {
 // thickness then runs along y before the turn, otherwise along z).
 struct MarkerCase {
     const char* name;
-    std::function<CVGeometry*(const Point3fStruct&)> make;
+    std::function<CVGeometry*(float, float, float)> make;
     float x, y;
-    bool turns = true;
+    bool turns;
 };
 
-void PrintTo(const MarkerCase& c, std::ostream* os) { *os << c.name; }
-
 template <class T>
-std::function<CVGeometry*(const Point3fStruct&)> Maker() {
-    return [](const Point3fStruct& size) {
-        T* g = new T;
-        g->size.SetValue(size);
+std::function<CVGeometry*(float, float, float)> Maker() {
+    return [](float x, float y, float z) {
+        T* g = cvtest::Sized(new T, x, y, z);
         g->SetMarkerFlag(1);
         return g;
     };
 }
 
 const MarkerCase kMarkers[] = {
-    {"Heart", Maker<CVHeart>(), 0.0f, 0.0f},     {"Club", Maker<CVClub>(), 0.0f, 0.1f},
-    {"Spade", Maker<CVSpade>(), 0.0f, 0.0f},     {"Flag", Maker<CVFlag>(), 0.2f, 0.0f},
-    {"Star", Maker<CVStar>(), 0.0f, 0.0f},       {"Hexagon", Maker<CVHexagon>(), 0.0f, 0.0f},
-    {"Prism", Maker<CVPrism>(), 0.0f, 0.0f},     {"Cross", Maker<CVCross>(), 0.0f, 0.3f, false},
-    {"XShape", Maker<CVXShape>(), 0.2f, 0.2f, false}, {"Diamond", Maker<CVDiamond>(), 0.0f, 0.3f, false},
+    {"Heart", Maker<CVHeart>(), 0.0f, 0.0f, true},         {"Club", Maker<CVClub>(), 0.0f, 0.1f, true},
+    {"Spade", Maker<CVSpade>(), 0.0f, 0.0f, true},         {"Flag", Maker<CVFlag>(), 0.2f, 0.0f, true},
+    {"Star", Maker<CVStar>(), 0.0f, 0.0f, true},           {"Hexagon", Maker<CVHexagon>(), 0.0f, 0.0f, true},
+    {"Prism", Maker<CVPrism>(), 0.0f, 0.0f, true},         {"Cross", Maker<CVCross>(), 0.0f, 0.3f, false},
+    {"XShape", Maker<CVXShape>(), 0.2f, 0.2f, false},      {"Diamond", Maker<CVDiamond>(), 0.0f, 0.3f, false},
 };
 
-class CVMarkerTransformGLTest : public cvtest::GeometryFixture, public ::testing::WithParamInterface<MarkerCase> {
-protected:
-    CVGeometry* MakeMarker(float x, float y, float z) {
-        CVGeometry* g = GetParam().make(Point3fStruct{x, y, z});
-        g->Ref();
-        held.push_back(g);
-        return g;
-    }
-    ~CVMarkerTransformGLTest() override {
-        for (CVGeometry* g : held) g->Unref();
-    }
-    std::vector<CVGeometry*> held;
-};
+using CVMarkerTransformGLTest = cvtest::GeometryFixture;
 
 // A marker 0.2 thick shows the viewer its full outline, with the front as
 // the nearer surface facing the light.
-TEST_P(CVMarkerTransformGLTest, MarkerFacesTheViewer) {
-    const MarkerCase& c = GetParam();
-    CVGeometry* g = c.turns ? MakeMarker(1, 0.2f, 1) : MakeMarker(1, 1, 0.2f);
+TEST_F(CVMarkerTransformGLTest, MarkerFacesTheViewer) {
     LightFromViewer();
-    Draw(g);
-    EXPECT_FLOAT_EQ(Depth(Px(c.x), Px(c.y)), 0.495f);
-    EXPECT_GE(Red(Px(c.x), Px(c.y)), 240);
-    const cvtest::PixelBounds b = LitBounds();
-    EXPECT_GE(b.y1 - b.y0, 8);  // seen edge on it would be 3 or 4 pixels high
-    EXPECT_EQ(Pixel(2, 2), 0u);
-    EXPECT_EQ(FrontPolygonMode(), GL_FILL);
-    GLint depth = 0;
-    glGetIntegerv(GL_MODELVIEW_STACK_DEPTH, &depth);
-    EXPECT_EQ(depth, 1);
-    EXPECT_FALSE(glIsEnabled(GL_VERTEX_ARRAY));
-    EXPECT_FALSE(glIsEnabled(GL_TEXTURE_COORD_ARRAY));
+    for (const MarkerCase& c : kMarkers) {
+        SCOPED_TRACE(c.name);
+        cvtest::Holder hold;
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        Draw(hold(c.turns ? c.make(1, 0.2f, 1) : c.make(1, 1, 0.2f)));
+        EXPECT_FLOAT_EQ(Depth(Px(c.x), Px(c.y)), 0.495f);
+        EXPECT_GE(Red(Px(c.x), Px(c.y)), 240);
+        const cvtest::PixelBounds b = LitBounds();
+        EXPECT_GE(b.y1 - b.y0, 8);  // seen edge on it would be 3 or 4 pixels high
+        EXPECT_EQ(Pixel(2, 2), 0u);
+        EXPECT_EQ(FrontPolygonMode(), GL_FILL);
+        EXPECT_EQ(cvtest::GetInt(GL_MODELVIEW_STACK_DEPTH), 1);
+        EXPECT_FALSE(glIsEnabled(GL_VERTEX_ARRAY));
+        EXPECT_FALSE(glIsEnabled(GL_TEXTURE_COORD_ARRAY));
+    }
 }
 
-TEST_P(CVMarkerTransformGLTest, NegativeSizeDrawsTheNegatedShapeAsLines) {
-    Draw(MakeMarker(1, 1, 1));
-    const cvtest::PixelBounds solid = LitBounds();
-    const int solidCount = CountLit(0, 0, kSize - 1, kSize - 1);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    Draw(MakeMarker(-1, -1, -1));
-    EXPECT_EQ(FrontPolygonMode(), GL_LINE);
-    const cvtest::PixelBounds wire = LitBounds();
-    EXPECT_NEAR(wire.x0, solid.x0, 1);
-    EXPECT_NEAR(wire.x1, solid.x1, 1);
-    EXPECT_NEAR(wire.y0, solid.y0, 1);
-    EXPECT_NEAR(wire.y1, solid.y1, 1);
-    EXPECT_LT(CountLit(0, 0, kSize - 1, kSize - 1), solidCount);
+TEST_F(CVMarkerTransformGLTest, NegativeSizeDrawsTheNegatedShapeAsLines) {
+    for (const MarkerCase& c : kMarkers) {
+        SCOPED_TRACE(c.name);
+        cvtest::Holder hold;
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        Draw(hold(c.make(1, 1, 1)));
+        const cvtest::PixelBounds solid = LitBounds();
+        const int solidCount = CountLit(0, 0, kSize - 1, kSize - 1);
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        Draw(hold(c.make(-1, -1, -1)));
+        EXPECT_EQ(FrontPolygonMode(), GL_LINE);
+        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+        const cvtest::PixelBounds wire = LitBounds();
+        for (int i = 0; i < 4; ++i) EXPECT_NEAR(cvtest::Corners(wire)[i], cvtest::Corners(solid)[i], 1) << i;
+        EXPECT_LT(CountLit(0, 0, kSize - 1, kSize - 1), solidCount);
+    }
 }
 
-TEST_P(CVMarkerTransformGLTest, PickingHitsInsideAndMissesTheCorner) {
-    const MarkerCase& c = GetParam();
-    CVGeometry* g = MakeMarker(1, 1, 1);
-    EXPECT_EQ(Pick(g, Px(c.x) + 0.5, Px(c.y) + 0.5), 1);
-    EXPECT_EQ(Pick(g, 4.0, 60.0), 0);
-    EXPECT_EQ(Pick(MakeMarker(-1, -1, -1), 4.0, 60.0), 0);
+TEST_F(CVMarkerTransformGLTest, PickingHitsInsideAndMissesTheCorner) {
+    for (const MarkerCase& c : kMarkers) {
+        SCOPED_TRACE(c.name);
+        cvtest::Holder hold;
+        CVGeometry* g = hold(c.make(1, 1, 1));
+        EXPECT_EQ(Pick(g, Px(c.x) + 0.5, Px(c.y) + 0.5), 1);
+        EXPECT_EQ(Pick(g, 4.0, 60.0), 0);
+        EXPECT_EQ(Pick(hold(c.make(-1, -1, -1)), 4.0, 60.0), 0);
+        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);  // left in line mode by the wire frame
+    }
 }
 
-TEST_P(CVMarkerTransformGLTest, BoundingBoxIsTheSizeAsItIs) {
-    CVGeometry* g = MakeMarker(-1, 2, 3);
-    CVBox3f box;
-    g->ComputeBoundingBox(nullptr, nullptr, &box);
-    EXPECT_EQ(box.GetCenter().x, 0.0f);
-    EXPECT_EQ(box.GetCenter().z, 0.0f);
-    EXPECT_EQ(box.GetSize().x, -1.0f);
-    EXPECT_EQ(box.GetSize().y, 2.0f);
-    EXPECT_EQ(box.GetSize().z, 3.0f);
+TEST(CVMarkerTransformTest, BoundingBoxIsTheSizeAsItIs) {
+    for (const MarkerCase& c : kMarkers) {
+        cvtest::Holder hold;
+        CVBox3f box;
+        hold(c.make(-1, 2, 3))->ComputeBoundingBox(nullptr, nullptr, &box);
+        const Point3fStruct &centre = box.GetCenter(), &size = box.GetSize();
+        EXPECT_EQ(std::vector<float>({centre.x, centre.z, size.x, size.y, size.z}),
+                  std::vector<float>({0.0f, 0.0f, -1.0f, 2.0f, 3.0f}))
+            << c.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Shapes, CVMarkerTransformGLTest, ::testing::ValuesIn(kMarkers),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

@@ -1,7 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
 #include "markers/CVStar.h"
 #include "support/CVGeometryTestSupport.h"
 
@@ -12,8 +8,7 @@ using CVStarGLTest = cvtest::GeometryFixture;
 // In line mode the caps show the star's outline; the edges between the
 // spikes and the inner pentagon stay hidden.
 TEST_F(CVStarGLTest, LinesShowOnlyTheOutline) {
-    auto* star = Make<CVStar>();
-    star->size.SetValue(1, 1, 1);
+    auto* star = cvtest::Sized(Make<CVStar>(), 1, 1, 1);
     star->SetMarkerFlag(1);
     glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
     Draw(star);

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "markers/CVXShape.h"
 #include "support/CVGeometryTestSupport.h"
 
@@ -8,8 +6,7 @@ namespace {
 using CVXShapeGLTest = cvtest::GeometryFixture;
 
 TEST_F(CVXShapeGLTest, CrossTurnedByAnEighth) {
-    auto* x = Make<CVXShape>();
-    x->size.SetValue(1, 1, 1);
+    auto* x = cvtest::Sized(Make<CVXShape>(), 1, 1, 1);
     Draw(x);
     EXPECT_TRUE(Lit(0.3f, 0.3f));
     EXPECT_TRUE(Lit(-0.3f, 0.3f));

@@ -1,13 +1,12 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
 #include "nodes/CVAppearance.h"
 #include "nodes/CVNodeTestSupport.h"
 
 namespace {
 
-// A texture whose Render is seen, and whose loaded flag the test controls.
+using cvtest::GetRgba;
+using cvtest::Rgba;
+
+// A texture whose Render is seen.
 class MarkedTexture : public CVTexture {
 public:
     void Render(CVState* state, CVGLRenderArea* area) override {
@@ -17,56 +16,30 @@ public:
     int renders = 0;
 };
 
-void ExpectCurrentColor(float r, float g, float b) {
-    GLfloat c[4];
-    glGetFloatv(GL_CURRENT_COLOR, c);
-    EXPECT_FLOAT_EQ(c[0], r);
-    EXPECT_FLOAT_EQ(c[1], g);
-    EXPECT_FLOAT_EQ(c[2], b);
-}
-
-class CVAppearanceGLTest : public cvtest::NodeGLFixture {
-protected:
-    CVAppearanceGLTest() {
-        appearance->Ref();
-        material->Ref();
-        texture->Ref();
-        material->diffuseColor.SetValue(1.0f, 0.0f, 0.0f);
-        texture->SetFallBackColor({0.0f, 0.5f, 1.0f});
-    }
-    ~CVAppearanceGLTest() override {
-        appearance->Unref();
-        material->Unref();
-        texture->Unref();
-    }
-
-    CVAppearance* appearance = new CVAppearance;
-    CVMaterial* material = new CVMaterial;
-    MarkedTexture* texture = new MarkedTexture;
-};
+using CVAppearanceGLTest = cvtest::NodeGLFixture;
 
 TEST_F(CVAppearanceGLTest, UnusableTextureTurnsTheMaterialToTheFallBackColourForGood) {
-    appearance->material.SetValue(material);
-    appearance->texture.SetValue(texture);
+    CVAppearance appearance;
+    auto* texture = new MarkedTexture;
+    texture->SetFallBackColor({0.0f, 0.5f, 1.0f});
     texture->SetTextureRendered(0);
-    appearance->Render(nullptr, area);
-    ExpectCurrentColor(0.0f, 0.5f, 1.0f);
-    const RGBColorStruct& d = material->diffuseColor.GetValue();
-    EXPECT_FLOAT_EQ(d.g, 0.5f);
+    appearance.texture.SetValue(texture);
+    glColor3f(0.25f, 0.25f, 0.25f);
+    appearance.Render(nullptr, area);  // no material: the colour stays
+    EXPECT_EQ(texture->renders, 1);
+    EXPECT_EQ(GetRgba(GL_CURRENT_COLOR), (Rgba{0.25f, 0.25f, 0.25f, 1.0f}));
+
+    auto* material = new CVMaterial;
+    material->diffuseColor.SetValue(1.0f, 0.0f, 0.0f);
+    appearance.material.SetValue(material);
+    appearance.Render(nullptr, area);
+    EXPECT_EQ(GetRgba(GL_CURRENT_COLOR), (Rgba{0.0f, 0.5f, 1.0f, 1.0f}));
+    EXPECT_FLOAT_EQ(material->diffuseColor.GetValue().g, 0.5f);
 
     texture->SetTextureRendered(1);
     texture->SetFallBackColor({1.0f, 1.0f, 0.0f});
-    appearance->Render(nullptr, area);
-    ExpectCurrentColor(0.0f, 0.5f, 1.0f);  // the overwrite stays
-}
-
-TEST_F(CVAppearanceGLTest, UnusableTextureWithoutMaterialLeavesTheColour) {
-    appearance->texture.SetValue(texture);
-    texture->SetTextureRendered(0);
-    glColor3f(0.25f, 0.25f, 0.25f);
-    appearance->Render(nullptr, area);
-    EXPECT_EQ(texture->renders, 1);
-    ExpectCurrentColor(0.25f, 0.25f, 0.25f);
+    appearance.Render(nullptr, area);
+    EXPECT_EQ(GetRgba(GL_CURRENT_COLOR), (Rgba{0.0f, 0.5f, 1.0f, 1.0f}));  // the overwrite stays
 }
 
 }  // namespace

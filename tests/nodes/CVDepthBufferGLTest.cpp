@@ -1,7 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
 #include "actions/CVGetBoundingBoxAction.h"
 #include "actions/CVTransform.h"
 #include "nodes/CVDepthBuffer.h"
@@ -12,12 +8,12 @@ namespace {
 
 using cvtest::QuadGeometry;
 
-CVAppearance* Colored(float r, float g, float b) {
+CVShape* Coloured(QuadGeometry* quad, float r, float g, float b) {
     auto* material = new CVMaterial;
     material->diffuseColor.SetValue(r, g, b);
     auto* appearance = new CVAppearance;
     appearance->material.SetValue(material);
-    return appearance;
+    return cvtest::MakeQuadShape(quad, appearance);
 }
 
 // Notes, when drawn in the scene pass, what the annotation list holds.
@@ -38,66 +34,46 @@ class CVDepthBufferGLTest : public cvtest::NodeGLFixture {
 protected:
     CVDepthBufferGLTest() {
         root->Ref();
-        near = new QuadGeometry(-1.0f, -1.0f, 1.0f, 1.0f, -0.5f);
-        far = new QuadGeometry(-1.0f, -1.0f, 1.0f, 1.0f, 0.5f);
-        root->children.Add(cvtest::MakeQuadShape(near, Colored(1.0f, 0.0f, 0.0f)));
+        root->children.Add(Coloured(new QuadGeometry(-1.0f, -1.0f, 1.0f, 1.0f, -0.5f), 1.0f, 0.0f, 0.0f));
         auto* move = new CVTransform;
         move->translation.SetValue(0.25f, 0.0f, 0.0f);
         root->children.Add(move);
         move->children.Add(group);
-        group->children.Add(cvtest::MakeQuadShape(far, Colored(0.0f, 0.0f, 1.0f)));
+        group->children.Add(Coloured(far, 0.0f, 0.0f, 1.0f));
         root->children.Add(probe);
     }
     ~CVDepthBufferGLTest() override { root->Unref(); }
 
-    void Draw() { DrawFrame(root); }
-
     CVGroup* root = new CVGroup;
     CVDepthBuffer* group = new CVDepthBuffer;
-    QuadGeometry* near;
-    QuadGeometry* far;
+    QuadGeometry* far = new QuadGeometry(-1.0f, -1.0f, 1.0f, 1.0f, 0.5f);
     Probe* probe = new Probe;
 };
 
-TEST_F(CVDepthBufferGLTest, ChildrenAreDrawnWithoutDepthTestByDefault) {
-    Draw();
-    ASSERT_EQ(far->draws.size(), 1u);
-    EXPECT_EQ(far->draws[0].pass, 1);
-    EXPECT_FALSE(far->draws[0].depthTest);
-    EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST));  // the group's state pop restores it
-    EXPECT_EQ(probe->annotationsInScene, 0);
-    EXPECT_EQ(Pixel(32, 32), 0x0000FFu);  // drawn over the nearer quad
-}
-
-TEST_F(CVDepthBufferGLTest, DepthTestTrueKeepsNearerGeometryInFront) {
-    group->depthTest.SetValue(1);
-    Draw();
-    ASSERT_EQ(far->draws.size(), 1u);
-    EXPECT_TRUE(far->draws[0].depthTest);
-    EXPECT_EQ(Pixel(32, 32), 0xFF0000u);
-}
-
-TEST_F(CVDepthBufferGLTest, AnnotationIsDeferredFromTheSceneAndDrawnInPassThree) {
-    group->deferAsAnnotation.SetValue(1);
-    group->depthTest.SetValue(1);
-    Draw();
-    EXPECT_EQ(probe->annotationsInScene, 1);
-    EXPECT_EQ(probe->firstAnnotation, group);
-    ASSERT_EQ(far->draws.size(), 1u);  // not in the scene pass
-    EXPECT_EQ(far->draws[0].pass, 3);
-    EXPECT_TRUE(far->draws[0].depthTest);
-    EXPECT_FLOAT_EQ(far->draws[0].modelViewX, 0.25f);  // matrices captured at deferral
-    EXPECT_EQ(area->GetAnnotationNodeListSize(), 0);
-    EXPECT_EQ(Pixel(32, 32), 0xFF0000u);
-}
-
-TEST_F(CVDepthBufferGLTest, AnnotationWithoutDepthTestLandsOnTop) {
-    group->deferAsAnnotation.SetValue(1);
-    Draw();
-    ASSERT_EQ(near->draws.size(), 1u);
-    ASSERT_EQ(far->draws.size(), 1u);
-    EXPECT_FALSE(far->draws[0].depthTest);
-    EXPECT_EQ(Pixel(32, 32), 0x0000FFu);
+// Without a depth test the far quad lands on top; deferred, it is drawn in
+// pass 3 with the matrices captured at deferral.
+TEST_F(CVDepthBufferGLTest, ChildrenDrawWithTheirDepthTestNowOrAsAnAnnotation) {
+    const struct {
+        int defer, depthTest, pass;
+        uint32_t centre;
+    } cases[] = {{0, 0, 1, 0x0000FF}, {0, 1, 1, 0xFF0000}, {1, 1, 3, 0xFF0000}, {1, 0, 3, 0x0000FF}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << "defer " << c.defer << ", depth test " << c.depthTest);
+        far->draws.clear();
+        group->deferAsAnnotation.SetValue(c.defer);
+        group->depthTest.SetValue(c.depthTest);
+        DrawFrame(root);
+        ASSERT_EQ(far->draws.size(), 1u);
+        EXPECT_EQ(far->draws[0].pass, c.pass);
+        EXPECT_EQ(far->draws[0].depthTest, c.depthTest != 0);
+        EXPECT_FLOAT_EQ(far->draws[0].modelViewX, 0.25f);
+        EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST));  // the group's state pop restores it
+        EXPECT_EQ(probe->annotationsInScene, c.defer);
+        EXPECT_EQ(probe->firstAnnotation, c.defer ? group : nullptr);
+        EXPECT_EQ(area->GetAnnotationNodeListSize(), 0);
+        EXPECT_EQ(Pixel(32, 32), c.centre);
+        probe->firstAnnotation = nullptr;
+    }
 }
 
 TEST_F(CVDepthBufferGLTest, OtherActionsWalkADeferredGroupAsAGroup) {

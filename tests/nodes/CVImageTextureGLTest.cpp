@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
 #include <functional>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "image/CVImageFile.h"
 #include "nodes/CVImageTexture.h"
@@ -15,15 +10,12 @@
 
 namespace {
 
+using cvtest::GetInt;
 using cvtest::QuadGeometry;
 
 const uint32_t kRed = 0xFFFF0000u, kGreen = 0xFF00FF00u, kBlue = 0xFF0000FFu, kWhite = 0xFFFFFFFFu;
 
-GLint BoundTexture() {
-    GLint name = 0;
-    glGetIntegerv(GL_TEXTURE_BINDING_2D, &name);
-    return name;
-}
+GLint BoundTexture() { return GetInt(GL_TEXTURE_BINDING_2D); }
 
 GLint LevelParameter(int level, GLenum what) {
     GLint v = 0;
@@ -39,8 +31,7 @@ GLint TexParameter(GLenum what) {
 
 // Level 0 of the bound texture as 0xRRGGBB, row 0 at the bottom.
 std::vector<uint32_t> Texels() {
-    const int w = LevelParameter(0, GL_TEXTURE_WIDTH), h = LevelParameter(0, GL_TEXTURE_HEIGHT);
-    std::vector<uint32_t> texels((size_t)w * h);
+    std::vector<uint32_t> texels((size_t)LevelParameter(0, GL_TEXTURE_WIDTH) * LevelParameter(0, GL_TEXTURE_HEIGHT));
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     glGetTexImage(GL_TEXTURE_2D, 0, GL_BGRA, GL_UNSIGNED_BYTE, texels.data());
     for (uint32_t& t : texels) t &= 0xFFFFFFu;
@@ -80,10 +71,22 @@ protected:
         return t;
     }
     static void SetUrl(CVImageTexture* t, const std::string& url) { t->url.SetAt(0, CString(url.c_str())); }
-
     CVTextureCacheElement* Element(const std::string& url, int tileMode = 0) {
         return static_cast<CVTextureCacheElement*>(
             area->GetTextureCache()->Find(CVTextureCacheElement::MakeKey(CString(url.c_str()), tileMode)));
+    }
+    int Cached() { return area->GetTextureCache()->GetCount(); }
+    // A frame of a white quad over the viewport with the texture.
+    CVMaterial* DrawTexturedQuad(CVImageTexture* texture) {
+        auto* material = new CVMaterial;
+        material->diffuseColor.SetValue(1.0f, 1.0f, 1.0f);
+        auto* appearance = new CVAppearance;
+        appearance->material.SetValue(material);
+        appearance->texture.SetValue(texture);
+        CVGroup* root = Hold(new CVGroup);
+        root->children.Add(cvtest::MakeQuadShape(new QuadGeometry, appearance));
+        DrawFrame(root);
+        return material;
     }
 
     cvtest::TempDir dir;
@@ -92,70 +95,46 @@ protected:
 };
 
 TEST_F(CVImageTextureGLTest, TexturedQuadShowsTheImageUpright) {
-    const std::string path = WriteImage("quadrants.png", 64, 64, [](int x, int y) {
-        if (y < 32) return x < 32 ? kRed : kGreen;
-        return x < 32 ? kBlue : kWhite;
-    });
-    auto* material = new CVMaterial;
-    material->diffuseColor.SetValue(1.0f, 1.0f, 1.0f);
-    auto* appearance = new CVAppearance;
-    appearance->material.SetValue(material);
-    appearance->texture.SetValue(Texture(path));
-    CVGroup* root = Hold(new CVGroup);
-    root->children.Add(cvtest::MakeQuadShape(new QuadGeometry, appearance));
-    DrawFrame(root);
+    DrawTexturedQuad(Texture(WriteImage("quadrants.png", 64, 64, [](int x, int y) {
+        return y < 32 ? (x < 32 ? kRed : kGreen) : (x < 32 ? kBlue : kWhite);
+    })));
     EXPECT_EQ(Pixel(16, 48), 0xFF0000u);  // top left
     EXPECT_EQ(Pixel(48, 48), 0x00FF00u);
     EXPECT_EQ(Pixel(16, 16), 0x0000FFu);
     EXPECT_EQ(Pixel(48, 16), 0xFFFFFFu);
 }
 
-struct SizeCase {
-    const char* name;
-    int width, height, tileMode;
-    int size;
-};
-
-class CVImageTextureSizeGLTest : public CVImageTextureGLTest, public ::testing::WithParamInterface<SizeCase> {};
-
-TEST_P(CVImageTextureSizeGLTest, ImagesBecomeSquarePowerOfTwoTextures) {
-    const SizeCase& c = GetParam();
-    CVImageTexture* t = Texture(WriteSolid("image.png", c.width, c.height, kGreen), c.tileMode);
-    t->Render(&state, area);
-    EXPECT_EQ(t->GetTextureRendered(), 1);
-    EXPECT_EQ(LevelParameter(0, GL_TEXTURE_WIDTH), c.size);
-    EXPECT_EQ(LevelParameter(0, GL_TEXTURE_HEIGHT), c.size);
-    EXPECT_EQ(Texels()[(size_t)c.size * c.size / 2], 0x00FF00u);
+TEST_F(CVImageTextureGLTest, ImagesBecomeSquarePowerOfTwoTextures) {
+    const struct {
+        int width, height, tileMode, size;
+    } cases[] = {{300, 200, 0, 256}, {40, 30, 0, 64},   {2000, 100, 0, 512},
+                 {8, 1, 0, 64},      {300, 200, 1, 256}, {40, 30, 2, 512}};
+    int i = 0;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.width << " x " << c.height << ", tile mode " << c.tileMode);
+        CVImageTexture* t = Texture(WriteSolid("image" + std::to_string(i++) + ".png", c.width, c.height, kGreen),
+                                    c.tileMode);
+        t->Render(&state, area);
+        EXPECT_EQ(t->GetTextureRendered(), 1);
+        EXPECT_EQ(LevelParameter(0, GL_TEXTURE_WIDTH), c.size);
+        EXPECT_EQ(LevelParameter(0, GL_TEXTURE_HEIGHT), c.size);
+        EXPECT_EQ(Texels()[(size_t)c.size * c.size / 2], 0x00FF00u);
+    }
 }
-
-const SizeCase kSizes[] = {
-    {"Scaled300x200", 300, 200, 0, 256}, {"Scaled40x30", 40, 30, 0, 64},   {"Scaled2000x100", 2000, 100, 0, 512},
-    {"Scaled8x1", 8, 1, 0, 64},          {"Tiled300x200", 300, 200, 1, 256}, {"TileModeTwoIs512", 40, 30, 2, 512},
-};
-
-INSTANTIATE_TEST_SUITE_P(Images, CVImageTextureSizeGLTest, ::testing::ValuesIn(kSizes),
-                         [](const ::testing::TestParamInfo<SizeCase>& info) { return std::string(info.param.name); });
 
 TEST_F(CVImageTextureGLTest, TileModeRepeatsTheImageInsteadOfScalingIt) {
     // Left half red, right half blue, 32 wide: scaled it fills 64 texels,
-    // tiled it appears twice.
+    // stretched pixel for pixel with a hard edge; tiled it appears twice.
     const std::string path = WriteImage("halves.png", 32, 32, [](int x, int) { return x < 16 ? kRed : kBlue; });
-    CVImageTexture* scaled = Texture(path);
-    scaled->Render(&state, area);
+    Texture(path)->Render(&state, area);
     std::vector<uint32_t> texels = Texels();
-    EXPECT_EQ(texels[10], 0xFF0000u);
-    EXPECT_EQ(texels[40], 0x0000FFu);
-    // Stretched pixel for pixel: the edge stays hard, no blended texel.
-    EXPECT_EQ(texels[31], 0xFF0000u);
-    EXPECT_EQ(texels[32], 0x0000FFu);
-
-    CVImageTexture* tiled = Texture(path, 1);
-    tiled->Render(&state, area);
+    EXPECT_EQ(std::vector<uint32_t>({texels[10], texels[31], texels[32], texels[40]}),
+              std::vector<uint32_t>({0xFF0000u, 0xFF0000u, 0x0000FFu, 0x0000FFu}));
+    Texture(path, 1)->Render(&state, area);
     texels = Texels();
-    EXPECT_EQ(texels[10], 0xFF0000u);
-    EXPECT_EQ(texels[40], 0xFF0000u);
-    EXPECT_EQ(texels[54], 0x0000FFu);
-    EXPECT_EQ(area->GetTextureCache()->GetCount(), 2);  // tile mode is part of the key
+    EXPECT_EQ(std::vector<uint32_t>({texels[10], texels[40], texels[54]}),
+              std::vector<uint32_t>({0xFF0000u, 0xFF0000u, 0x0000FFu}));
+    EXPECT_EQ(Cached(), 2);  // tile mode is part of the key
 }
 
 TEST_F(CVImageTextureGLTest, BareNamesAreSearchedForAndPathsUsedAsTheyStand) {
@@ -165,11 +144,9 @@ TEST_F(CVImageTextureGLTest, BareNamesAreSearchedForAndPathsUsedAsTheyStand) {
     bare->Render(&state, area);
     EXPECT_EQ(bare->GetTextureRendered(), 1);
     EXPECT_EQ(Texels()[0], 0x0000FFu);
-
     CVImageTexture* doubleSlash = Texture("/" + (dir / "found.png"));
     doubleSlash->Render(&state, area);
     EXPECT_EQ(doubleSlash->GetTextureRendered(), 1);
-
     // A drive path is not searched for, so the file found above is not used.
     CVImageTexture* drive = Texture("c:found.png");
     drive->Render(&state, area);
@@ -178,15 +155,13 @@ TEST_F(CVImageTextureGLTest, BareNamesAreSearchedForAndPathsUsedAsTheyStand) {
 
 TEST_F(CVImageTextureGLTest, NodesNamingTheSameImageShareOneElement) {
     const std::string path = WriteSolid("shared.png", 16, 16, kRed);
-    CVImageTexture* a = Texture(path);
-    CVImageTexture* b = Texture(path);
+    CVImageTexture *a = Texture(path), *b = Texture(path);
     a->Render(&state, area);
     const GLint first = BoundTexture();
     b->Render(&state, area);
     EXPECT_EQ(BoundTexture(), first);
-    ASSERT_EQ(area->GetTextureCache()->GetCount(), 1);
+    ASSERT_EQ(Cached(), 1);
     EXPECT_EQ(Element(path)->GetUserCount(), 2);
-
     // One user leaving keeps the texture for the other.
     SetUrl(a, WriteSolid("other.png", 16, 16, kBlue));
     a->Render(&state, area);
@@ -196,8 +171,7 @@ TEST_F(CVImageTextureGLTest, NodesNamingTheSameImageShareOneElement) {
 }
 
 TEST_F(CVImageTextureGLTest, ChangingTheNameReleasesTheOldTexture) {
-    const std::string first = WriteSolid("first.png", 16, 16, kRed);
-    const std::string second = WriteSolid("second.png", 16, 16, kGreen);
+    const std::string first = WriteSolid("first.png", 16, 16, kRed), second = WriteSolid("second.png", 16, 16, kGreen);
     CVImageTexture* t = Texture(first);
     t->Render(&state, area);
     const GLint oldName = BoundTexture();
@@ -205,7 +179,7 @@ TEST_F(CVImageTextureGLTest, ChangingTheNameReleasesTheOldTexture) {
     t->Render(&state, area);
     EXPECT_EQ(Element(first), nullptr);
     EXPECT_NE(Element(second), nullptr);
-    EXPECT_EQ(area->GetTextureCache()->GetCount(), 1);
+    EXPECT_EQ(Cached(), 1);
     EXPECT_FALSE(glIsTexture(oldName));
     EXPECT_EQ(Texels()[0], 0x00FF00u);
 
@@ -213,7 +187,7 @@ TEST_F(CVImageTextureGLTest, ChangingTheNameReleasesTheOldTexture) {
     t->Render(&state, area);
     EXPECT_EQ(Element(second), nullptr);
     EXPECT_NE(Element(second, 1), nullptr);
-    EXPECT_EQ(area->GetTextureCache()->GetCount(), 1);
+    EXPECT_EQ(Cached(), 1);
 }
 
 TEST_F(CVImageTextureGLTest, SwitchingTexturesLeaksNoTextureObjects) {
@@ -225,35 +199,26 @@ TEST_F(CVImageTextureGLTest, SwitchingTexturesLeaksNoTextureObjects) {
         t->Render(&state, area);
         seen.insert(BoundTexture());
     }
-    EXPECT_EQ(area->GetTextureCache()->GetCount(), 1);
+    EXPECT_EQ(Cached(), 1);
     EXPECT_EQ(seen.size(), 1000u);  // every switch loads afresh under a new name
-    const GLint current = BoundTexture();
     int alive = 0;
     for (GLint name : seen) alive += glIsTexture(name) ? 1 : 0;
     EXPECT_EQ(alive, 1);
-    EXPECT_TRUE(glIsTexture(current));
+    EXPECT_TRUE(glIsTexture(BoundTexture()));
 }
 
 TEST_F(CVImageTextureGLTest, MissingImageFallsBackToTheTextureColour) {
-    auto* material = new CVMaterial;
-    material->diffuseColor.SetValue(1.0f, 1.0f, 1.0f);
-    auto* appearance = new CVAppearance;
-    appearance->material.SetValue(material);
     CVImageTexture* t = Texture(dir / "missing.png");
     t->SetFallBackColor({0.0f, 0.0f, 1.0f});
-    appearance->texture.SetValue(t);
-    CVGroup* root = Hold(new CVGroup);
-    root->children.Add(cvtest::MakeQuadShape(new QuadGeometry, appearance));
-    DrawFrame(root);
+    CVMaterial* material = DrawTexturedQuad(t);
     EXPECT_EQ(t->GetTextureRendered(), 0);
     EXPECT_EQ(Pixel(32, 32), 0x0000FFu);
     EXPECT_FLOAT_EQ(material->diffuseColor.GetValue().r, 0.0f);  // kept
     EXPECT_EQ(LevelParameter(0, GL_TEXTURE_WIDTH), 0);
-
-    // The file turning up does not bring the texture back under the same name:
-    // the failed element stays cached.
+    // The file turning up does not bring the texture back under the same
+    // name: the failed element stays cached.
     WriteSolid("missing.png", 16, 16, kRed);
-    DrawFrame(root);
+    DrawTexturedQuad(t);
     EXPECT_EQ(t->GetTextureRendered(), 0);
 }
 
@@ -283,7 +248,7 @@ TEST_F(CVImageTextureGLTest, NothingIsBoundWhilePickingOrWithTexturingOff) {
     state.m_bRecordPath = 1;
     t->Render(&state, area);
     EXPECT_EQ(BoundTexture(), 0);
-    EXPECT_EQ(area->GetTextureCache()->GetCount(), 0);
+    EXPECT_EQ(Cached(), 0);
 
     state.m_bRecordPath = 0;
     area->SetTexturingEnabled(0);

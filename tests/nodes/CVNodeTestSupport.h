@@ -1,26 +1,38 @@
 #pragma once
 // Pieces shared by the property-node suites: the headless 64 x 64 GL target
-// with a frame drawn by the render action, and a quad geometry that draws
-// and records.
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
+// with a frame drawn by the render action, a quad geometry that draws and
+// records, and GL state read-backs.
+#include <array>
 #include <vector>
 
+#include "actions/CVActionTestSupport.h"
 #include "actions/CVGroup.h"
 #include "actions/CVRenderAction.h"
 #include "actions/CVShape.h"
-#include "actions/CVState.h"
-#include "geometry/CVGeometry.h"
-#include "math/CVBox3f.h"
-#include "nodes/CVAppearance.h"
-#include "render/CVBitmapDevice.h"
 #include "render/CVCacheManager.h"
-#include "render/CVGLRenderArea.h"
-#include "support/CVTestBitmap.h"
 
 namespace cvtest {
+
+typedef std::array<GLfloat, 4> Rgba;
+
+inline Rgba GetRgba(GLenum what) {
+    Rgba v{};
+    glGetFloatv(what, v.data());
+    return v;
+}
+
+inline Rgba GetMaterial(GLenum face, GLenum what) {
+    Rgba v{};
+    glGetMaterialfv(face, what, v.data());
+    return v;
+}
+
+inline ::testing::AssertionResult RgbaNear(const Rgba& got, const Rgba& want, float tolerance = 1e-6f) {
+    for (int i = 0; i < 4; ++i)
+        if (std::fabs(got[i] - want[i]) > tolerance)
+            return ::testing::AssertionFailure() << "component " << i << ": " << got[i] << " vs " << want[i];
+    return ::testing::AssertionSuccess();
+}
 
 // What one draw of a QuadGeometry saw.
 struct QuadDraw {
@@ -37,9 +49,8 @@ public:
     QuadGeometry(float x0 = -1.0f, float y0 = -1.0f, float x1 = 1.0f, float y1 = 1.0f, float z = 0.0f)
         : m_x0(x0), m_y0(y0), m_x1(x1), m_y1(y1), m_z(z) {}
     void Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearance) override {
-        GLfloat m[16];
-        glGetFloatv(GL_MODELVIEW_MATRIX, m);
-        draws.push_back({state ? state->m_nRenderPass : -1, glIsEnabled(GL_DEPTH_TEST) != 0, m[12]});
+        draws.push_back({state ? state->m_nRenderPass : -1, glIsEnabled(GL_DEPTH_TEST) != 0,
+                         GetMatrix(GL_MODELVIEW_MATRIX).m[0][3]});
         glPushAttrib(GL_ENABLE_BIT);
         if (appearance && appearance->GetTexture() && area->IsTexturingEnabled()) glEnable(GL_TEXTURE_2D);
         glBegin(GL_QUADS);
@@ -76,23 +87,12 @@ inline CVShape* MakeQuadShape(QuadGeometry* quad, CVAppearance* appearance = nul
     return shape;
 }
 
-// The 64 x 64 headless context, uninflated viewport over the whole bitmap,
-// identity matrices, and the process-wide material state reset to unknown so
-// that suites do not see each other's materials.
-class NodeGLFixture : public ::testing::Test {
+// The action suites' headless context, with the process-wide material state
+// reset to unknown so that suites do not see each other's materials.
+class NodeGLFixture : public GLFixture {
 protected:
-    NodeGLFixture() : bitmap(64, 64), device(bitmap.GetDC()) {
-        CVGLRenderArea::SetInflateWorld(0);
-        area = new CVGLRenderArea(&device);
-        area->Ref();
-        area->SetViewport(0, 0, 64, 64);
-        ForgetMaterial();
-    }
-    ~NodeGLFixture() override {
-        area->ResetAnnotationNodeList();
-        area->Unref();
-        CVGLRenderArea::SetInflateWorld(1);
-    }
+    NodeGLFixture() { ForgetMaterial(); }
+    ~NodeGLFixture() override { area->ResetAnnotationNodeList(); }
 
     static void ForgetMaterial() {
         CVCacheManager* m = CVGetCacheManagerPtr();
@@ -111,10 +111,6 @@ protected:
     }
     // A pixel of the last frame (y up) as 0xRRGGBB.
     uint32_t Pixel(int x, int y) const { return bitmap.Pixel(x, y); }
-
-    CVTestBitmap bitmap;
-    CVBitmapDevice device;
-    CVGLRenderArea* area;
 };
 
 }  // namespace cvtest

@@ -1,7 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <GL/gl.h>
-
 #include "nodes/CVNodeTestSupport.h"
 #include "nodes/CVTextureCacheElement.h"
 

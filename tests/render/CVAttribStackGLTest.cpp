@@ -15,13 +15,10 @@ GLint FrontMode() {
     return mode[0];
 }
 
-class CVAttribStackGLTest : public ::testing::Test {
-protected:
-    CVAttribStackGLTest() : bitmap(8, 8), device(bitmap.GetDC()) {
-        area = new CVGLRenderArea(&device);
-        area->Ref();
-    }
-    ~CVAttribStackGLTest() override { area->Unref(); }
+// A headless context of its own, current.
+struct Context {
+    Context() : bitmap(8, 8), device(bitmap.GetDC()), area(new CVGLRenderArea(&device)) { area->Ref(); }
+    ~Context() { area->Unref(); }
     CVTestBitmap bitmap;
     CVBitmapDevice device;
     CVGLRenderArea* area;
@@ -29,7 +26,8 @@ protected:
 
 // The sequence of a group holding a geometry that leaves line mode behind
 // inside its own enable-bit bracket.
-TEST_F(CVAttribStackGLTest, PolygonModeComesBackAfterAnInnerEnablePop) {
+TEST(CVAttribStackGLTest, PolygonModeComesBackAfterAnInnerEnablePop) {
+    Context context;
     CVAttribStack::Push(GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_POLYGON_BIT);
     CVAttribStack::Push(GL_ENABLE_BIT);
     glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
@@ -37,33 +35,27 @@ TEST_F(CVAttribStackGLTest, PolygonModeComesBackAfterAnInnerEnablePop) {
     EXPECT_EQ(FrontMode(), GL_LINE);
     CVAttribStack::Pop();
     EXPECT_EQ(FrontMode(), GL_FILL);
-}
 
-TEST_F(CVAttribStackGLTest, GroupsWithoutPolygonBitsLeaveTheModeAlone) {
+    // Groups without polygon bits leave the mode alone.
     CVAttribStack::Push(GL_ENABLE_BIT);
     glPolygonMode(GL_FRONT, GL_POINT);
     CVAttribStack::Pop();
     EXPECT_EQ(FrontMode(), GL_POINT);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
 }
 
-TEST_F(CVAttribStackGLTest, EachContextKeepsItsOwnStack) {
-    CVTestBitmap otherBitmap(8, 8);
-    CVBitmapDevice otherDevice(otherBitmap.GetDC());
-    auto* other = new CVGLRenderArea(&otherDevice);
-    other->Ref();
-    area->MakeCurrent();
+TEST(CVAttribStackGLTest, EachContextKeepsItsOwnStack) {
+    Context context, other;
+    context.area->MakeCurrent();
     CVAttribStack::Push(GL_POLYGON_BIT);
-    other->MakeCurrent();
+    other.area->MakeCurrent();
     CVAttribStack::Push(GL_ENABLE_BIT);  // no polygon bit in this context
     CVAttribStack::Pop();
-    area->MakeCurrent();
+    context.area->MakeCurrent();
     CVAttribStack::Push(GL_ENABLE_BIT);
     glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
     CVAttribStack::Pop();
     CVAttribStack::Pop();
     EXPECT_EQ(FrontMode(), GL_FILL);
-    other->Unref();
 }
 
 }  // namespace

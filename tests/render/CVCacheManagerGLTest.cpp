@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <functional>
 
 #include "geometry/CVGeometry.h"
 #include "render/CVBitmapDevice.h"
@@ -18,6 +19,12 @@ public:
     void Render(CVState*, CVGLRenderArea*, CVAppearance*) override {}
 };
 
+std::array<float, 3> CurrentColour() {
+    GLfloat c[4];
+    glGetFloatv(GL_CURRENT_COLOR, c);
+    return {c[0], c[1], c[2]};
+}
+
 class CVCacheManagerGLTest : public ::testing::Test {
 protected:
     CVCacheManagerGLTest() : bitmap(16, 16), device(bitmap.GetDC()) {
@@ -26,20 +33,9 @@ protected:
     }
     ~CVCacheManagerGLTest() override { area->Unref(); }
 
-    void Compile(unsigned int id) {
+    static void Compile(unsigned int id) {
         glNewList(id, GL_COMPILE);
         glEndList();
-    }
-    // The current colour as 8-bit components.
-    std::array<int, 3> Colour() {
-        GLfloat c[4];
-        glGetFloatv(GL_CURRENT_COLOR, c);
-        return {(int)std::lround(c[0] * 255), (int)std::lround(c[1] * 255), (int)std::lround(c[2] * 255)};
-    }
-    std::array<float, 3> ColourF() {
-        GLfloat c[4];
-        glGetFloatv(GL_CURRENT_COLOR, c);
-        return {c[0], c[1], c[2]};
     }
 
     CVTestBitmap bitmap;
@@ -48,14 +44,8 @@ protected:
     CVCacheManager manager;
 };
 
-TEST_F(CVCacheManagerGLTest, TheLibraryCreatesOneManagerAtLoad) {
-    ASSERT_NE(CVGetCacheManagerPtr(), nullptr);
-    EXPECT_EQ(CVGetCacheManagerPtr()->GetGLRenderAreaCache(), nullptr);
-    EXPECT_FLOAT_EQ(manager.m_CurrentColor.r, -1.0f);
-    EXPECT_FLOAT_EQ(manager.m_fShininess, -1.0f);
-}
-
 TEST_F(CVCacheManagerGLTest, SphereLookupNeedsTheKeyAndACompiledList) {
+    ASSERT_NE(CVGetCacheManagerPtr(), nullptr);  // made at library load
     EXPECT_EQ(manager.GetCachedSphere(12, 1.0f), 0u);
     unsigned int id = manager.NewCachedSphere(12, 1.0f);
     EXPECT_EQ(id, 1000u);
@@ -87,6 +77,7 @@ TEST_F(CVCacheManagerGLTest, RingsReplaceRoundRobin) {
 }
 
 TEST_F(CVCacheManagerGLTest, SetGLColorIssuesEveryCallAndIgnoresAlpha) {
+    EXPECT_FLOAT_EQ(manager.m_CurrentColor.r, -1.0f);  // unknown until set
     RGBAColorStruct c = {0.2f, 0.4f, 0.6f, 0.1f};
     manager.SetGLColor(&c);
     EXPECT_FLOAT_EQ(manager.m_CurrentColor.g, 0.4f);
@@ -95,81 +86,59 @@ TEST_F(CVCacheManagerGLTest, SetGLColorIssuesEveryCallAndIgnoresAlpha) {
     EXPECT_FLOAT_EQ(cur[3], 1.0f);
     glColor3f(0, 0, 0);
     manager.SetGLColor(&c);  // same colour again still reaches GL
-    glGetFloatv(GL_CURRENT_COLOR, cur);
-    EXPECT_FLOAT_EQ(cur[2], 0.6f);
+    EXPECT_EQ(CurrentColour(), (std::array<float, 3>{0.2f, 0.4f, 0.6f}));
     manager.InitGLColor();
     EXPECT_FLOAT_EQ(manager.m_CurrentColor.b, -1.0f);
 }
 
+// Each case: how the geometry is marked (none: no geometry), the code, and the
+// colour expected (none: the colour is left as it was).
+struct CodeCase {
+    const char* name;
+    std::function<void(CVGeometry&)> mark;
+    int value;
+    bool lineMode;
+    std::array<float, 3> rgb;
+};
+
+void ExpectCodes(CVCacheManager& manager, int bits, std::initializer_list<CodeCase> cases) {
+    for (const CodeCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        TestGeometry g;
+        if (c.mark) c.mark(g);
+        glColor3ub(11, 22, 33);
+        glPolygonMode(GL_FRONT_AND_BACK, c.lineMode ? GL_LINE : GL_FILL);
+        manager.SetImageMapColor(bits, c.value, c.mark ? &g : nullptr);
+        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+        const std::array<float, 3> got = CurrentColour();
+        for (int i = 0; i < 3; ++i) EXPECT_NEAR(got[i], c.rgb[i], 1e-6f) << "component " << i;
+    }
+}
+
+std::array<float, 3> Bytes(int r, int g, int b) { return {r / 255.0f, g / 255.0f, b / 255.0f}; }
+
 TEST_F(CVCacheManagerGLTest, TrueColourImageMapCodes) {
-    TestGeometry g;
-    manager.SetImageMapColor(24, 0x00030405, nullptr);
-    EXPECT_EQ(Colour(), (std::array<int, 3>{3, 4, 5}));
-
-    g.SetAnnotationFlag(1);
-    manager.SetImageMapColor(24, 0x01020304, &g);
-    EXPECT_EQ(Colour(), (std::array<int, 3>{64 | 2, 3, 4}));
-
-    TestGeometry overlay;
-    overlay.SetCrdOverlayIndex(5);
-    manager.SetImageMapColor(24, 0x00010203, &overlay);
-    EXPECT_EQ(Colour(), (std::array<int, 3>{20 | 1, 2, 3}));
-
-    TestGeometry pie;
-    pie.SetDetailPieSlice(1);
-    manager.SetImageMapColor(24, -7, &pie);
-    EXPECT_EQ(Colour(), (std::array<int, 3>{128, 0, 7}));
-
-    TestGeometry graph;
-    graph.SetGraphShapeFlag(1);
-    manager.SetImageMapColor(24, 0x02000009, &graph);
-    EXPECT_EQ(Colour(), (std::array<int, 3>{2 * 4 + 4, 0, 9}));
+    ExpectCodes(manager, 24, {
+        {"Plain", nullptr, 0x00030405, false, Bytes(3, 4, 5)},
+        {"Annotation", [](CVGeometry& g) { g.SetAnnotationFlag(1); }, 0x01020304, false, Bytes(64 | 2, 3, 4)},
+        {"Overlay5", [](CVGeometry& g) { g.SetCrdOverlayIndex(5); }, 0x00010203, false, Bytes(20 | 1, 2, 3)},
+        {"PieSlice", [](CVGeometry& g) { g.SetDetailPieSlice(1); }, -7, false, Bytes(128, 0, 7)},
+        {"GraphShape", [](CVGeometry& g) { g.SetGraphShapeFlag(1); }, 0x02000009, false, Bytes(2 * 4 + 4, 0, 9)},
+        {"Graph15SetsNothing", [](CVGeometry& g) { g.SetGraphShapeFlag(1); }, 0x0F000001, false, Bytes(11, 22, 33)},
+        {"Overlay16SetsNothing", [](CVGeometry& g) { g.SetCrdOverlayIndex(16); }, 1, false, Bytes(11, 22, 33)},
+    });
 }
 
-TEST_F(CVCacheManagerGLTest, SomeTrueColourCodesSetNoColourAtAll) {
-    glColor3ub(11, 22, 33);
-    TestGeometry graph;
-    graph.SetGraphShapeFlag(1);
-    manager.SetImageMapColor(24, 0x0F000001, &graph);
-    EXPECT_EQ(Colour(), (std::array<int, 3>{11, 22, 33}));
-    TestGeometry overlay;
-    overlay.SetCrdOverlayIndex(16);
-    manager.SetImageMapColor(24, 1, &overlay);
-    EXPECT_EQ(Colour(), (std::array<int, 3>{11, 22, 33}));
-}
-
+// 16 bits: r from the overlay (8 for annotations; graph shapes: 16 if negative
+// | bits 24-26 + 1), g = bits 5-9, b = bits 0-4, each through the fill ramp, or
+// the line ramp in line mode.
 TEST_F(CVCacheManagerGLTest, HighColourCodesUseTheFillOrTheLineRamp) {
-    TestGeometry g;
-    g.SetCrdOverlayIndex(3);
-    // value 0x123: g = bits 5-9 = 9, b = bits 0-4 = 3.
-    manager.SetImageMapColor(16, 0x123, &g);
-    auto fill = ColourF();
-    EXPECT_FLOAT_EQ(fill[0], 0.1115f);
-    EXPECT_FLOAT_EQ(fill[1], 0.305f);
-    EXPECT_FLOAT_EQ(fill[2], 0.1115f);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
-    manager.SetImageMapColor(16, 0x123, &g);
-    auto line = ColourF();
-    EXPECT_FLOAT_EQ(line[0], 0.096f);
-    EXPECT_FLOAT_EQ(line[1], 0.29f);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-
-    TestGeometry annotation;
-    annotation.SetAnnotationFlag(1);
-    manager.SetImageMapColor(16, 31, &annotation);
-    auto a = ColourF();
-    EXPECT_FLOAT_EQ(a[0], 0.273f);  // r = 8
-    EXPECT_FLOAT_EQ(a[2], 1.0f);
-
-    TestGeometry graph;
-    graph.SetGraphShapeFlag(1);
-    manager.SetImageMapColor(16, -(0x4021), &graph);  // negative: 16 | ((bits 24-26) + 1)
-    auto gr = ColourF();
-    int idx = 16 | ((((-(0x4021)) >> 24) & 0x7) + 1);
-    EXPECT_FLOAT_EQ(gr[0], (std::array<float, 32>{0.0f, 0.047f, 0.079f, 0.1115f, 0.144f, 0.176f, 0.208f, 0.2405f, 0.273f,
-                                                 0.305f, 0.337f, 0.3695f, 0.402f, 0.434f, 0.466f, 0.4985f, 0.531f, 0.563f,
-                                                 0.595f, 0.6275f, 0.66f, 0.692f, 0.724f, 0.7565f, 0.789f, 0.821f, 0.853f,
-                                                 0.8855f, 0.918f, 0.95f, 0.982f, 1.0f})[idx]);
+    ExpectCodes(manager, 16, {
+        {"Fill", [](CVGeometry& g) { g.SetCrdOverlayIndex(3); }, 0x123, false, {0.1115f, 0.305f, 0.1115f}},
+        {"Line", [](CVGeometry& g) { g.SetCrdOverlayIndex(3); }, 0x123, true, {0.096f, 0.29f, 0.096f}},
+        {"Annotation", [](CVGeometry& g) { g.SetAnnotationFlag(1); }, 31, false, {0.273f, 0.0f, 1.0f}},
+        {"GraphShape", [](CVGeometry& g) { g.SetGraphShapeFlag(1); }, -0x4021, false, {0.789f, 0.982f, 1.0f}},
+    });
 }
 
 TEST_F(CVCacheManagerGLTest, RenderAreaCacheIsMadeOnceAndReleasedWithTheManager) {

@@ -2,6 +2,7 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -27,6 +28,8 @@ protected:
         area->Ref();
     }
     ~CVGLRenderAreaGLTest() override {
+        area->ResetTransparentNodeList();
+        area->ResetAnnotationNodeList();
         area->Unref();
         CVGLRenderArea::SetInflateWorld(1);
     }
@@ -38,28 +41,20 @@ protected:
 TEST_F(CVGLRenderAreaGLTest, InitializeLeavesTheDocumentedGLState) {
     ASSERT_NE(area->GetHGLRC(), nullptr);
     EXPECT_EQ(wglGetCurrentContext(), area->GetHGLRC());
-    EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST));
-    EXPECT_TRUE(glIsEnabled(GL_COLOR_MATERIAL));
-    EXPECT_TRUE(glIsEnabled(GL_CULL_FACE));
-    EXPECT_TRUE(glIsEnabled(GL_NORMALIZE));
+    for (GLenum on : {GL_DEPTH_TEST, GL_COLOR_MATERIAL, GL_CULL_FACE, GL_NORMALIZE}) EXPECT_TRUE(glIsEnabled(on)) << on;
     EXPECT_FALSE(glIsEnabled(GL_BLEND));
-    EXPECT_EQ(GetInts(GL_DEPTH_FUNC)[0], GL_LEQUAL);
-    EXPECT_EQ(GetInts(GL_BLEND_SRC)[0], GL_SRC_ALPHA);
-    EXPECT_EQ(GetInts(GL_BLEND_DST)[0], GL_ONE_MINUS_SRC_ALPHA);
-    EXPECT_EQ(GetInts(GL_MATRIX_MODE)[0], GL_MODELVIEW);
-    GLint env = 0;
+    GLint env = 0, mag = 0;
     glGetTexEnviv(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, &env);
-    EXPECT_EQ(env, GL_MODULATE);
-    GLint mag = 0;
     glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, &mag);
-    EXPECT_EQ(mag, GL_NEAREST);
+    EXPECT_EQ(std::vector<GLint>({GetInts(GL_DEPTH_FUNC)[0], GetInts(GL_BLEND_SRC)[0], GetInts(GL_BLEND_DST)[0],
+                                  GetInts(GL_MATRIX_MODE)[0], env, mag}),
+              std::vector<GLint>(
+                  {GL_LEQUAL, GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_MODELVIEW, GL_MODULATE, GL_NEAREST}));
     EXPECT_GE(area->GetMaxLights(), 8);
     EXPECT_EQ(area->GetStipplePattern(), 0);
     GLubyte stipple[128];
     glGetPolygonStipple(stipple);
-    EXPECT_EQ(stipple[0], 0x80);
-    EXPECT_EQ(stipple[4 * 7], 0x01);
-    EXPECT_EQ(stipple[4 * 8], 0x80);
+    EXPECT_EQ(std::vector<int>({stipple[0], stipple[4 * 7], stipple[4 * 8]}), std::vector<int>({0x80, 0x01, 0x80}));
 
     PIXELFORMATDESCRIPTOR requested;
     area->GetPFD(requested);
@@ -68,62 +63,41 @@ TEST_F(CVGLRenderAreaGLTest, InitializeLeavesTheDocumentedGLState) {
     const BYTE* mask = area->GetHalftoneMask();
     EXPECT_EQ(mask[0], 0x55);
     EXPECT_EQ(mask[4], 0xAA);
-}
 
-TEST_F(CVGLRenderAreaGLTest, SettingsStartAtTheirDefaults) {
-    EXPECT_FLOAT_EQ(area->GetGlobalScaleFactor(), 1.0f);
-    EXPECT_EQ(area->IsLineAntialiasingEnabled(), 1);
-    EXPECT_EQ(area->IsTransparencyEnabled(), 1);
-    EXPECT_EQ(area->IsTexturingEnabled(), 1);
-    EXPECT_EQ(area->IsSceneAntialiasingEnabled(), 0);
-    EXPECT_EQ(area->IsDropShadowsEnabled(), 0);
-    EXPECT_EQ(area->RenderAreaIsBitmap(), 0);
-    RGBAColorStruct shadow = area->GetDropShadowColor();
-    EXPECT_FLOAT_EQ(shadow.a, 0.5f);
     area->SetDropShadowColor(RGBColorStruct{1.0f, 0.0f, 0.0f});
-    shadow = area->GetDropShadowColor();
-    EXPECT_FLOAT_EQ(shadow.r, 1.0f);
-    EXPECT_FLOAT_EQ(shadow.a, 0.5f);  // RGB form keeps the alpha
+    EXPECT_FLOAT_EQ(area->GetDropShadowColor().r, 1.0f);
+    EXPECT_FLOAT_EQ(area->GetDropShadowColor().a, 0.5f);  // the RGB form keeps the alpha
 }
 
-struct ViewportCase {
-    const char* name;
-    int inflate;
-    float scale;
-    std::array<GLint, 4> glViewport;
-    bool scissor;
-};
-
-class CVGLRenderAreaViewportGLTest : public CVGLRenderAreaGLTest,
-                                     public ::testing::WithParamInterface<ViewportCase> {};
-
-TEST_P(CVGLRenderAreaViewportGLTest, ViewportIsInflatedAndScaled) {
-    const ViewportCase& c = GetParam();
-    CVGLRenderArea::SetInflateWorld(c.inflate);
-    area->SetGlobalScaleFactor(c.scale);
-    area->SetViewport(0, 0, 100, 50);
-    EXPECT_EQ(GetInts(GL_VIEWPORT), c.glViewport);
-    EXPECT_EQ((bool)glIsEnabled(GL_SCISSOR_TEST), c.scissor);
-    if (c.scissor) {
-        EXPECT_EQ(GetInts(GL_SCISSOR_BOX), (std::array<GLint, 4>{0, 0, 100, 50}));
+TEST_F(CVGLRenderAreaGLTest, ViewportIsInflatedAndScaled) {
+    const struct {
+        const char* name;
+        int inflate;
+        float scale;
+        std::array<GLint, 4> glViewport;
+    } cases[] = {
+        {"Inflation3", 1, 1.0f, {-100, -50, 300, 150}},
+        {"Inflation1", 0, 1.0f, {0, 0, 100, 50}},
+        {"Inflation1Scale05", 0, 0.5f, {0, 25, 50, 25}},
+        {"Inflation3Scale05", 1, 0.5f, {-50, 0, 150, 75}},
+        {"ScaleAboveOneActsAsOne", 0, 2.0f, {0, 0, 100, 50}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        CVGLRenderArea::SetInflateWorld(c.inflate);
+        area->SetGlobalScaleFactor(c.scale);
+        area->SetViewport(0, 0, 100, 50);
+        EXPECT_EQ(GetInts(GL_VIEWPORT), c.glViewport);
+        EXPECT_EQ((bool)glIsEnabled(GL_SCISSOR_TEST), c.inflate != 0);  // the inflated viewport is cut back
+        if (c.inflate) {
+            EXPECT_EQ(GetInts(GL_SCISSOR_BOX), (std::array<GLint, 4>{0, 0, 100, 50}));
+        }
+        int x, y, w, h;
+        area->GetViewport(x, y, w, h);
+        EXPECT_EQ(w, 100);
+        EXPECT_FLOAT_EQ(area->GetViewportAspectRatio(), 2.0f);
     }
-    int x, y, w, h;
-    area->GetViewport(x, y, w, h);
-    EXPECT_EQ(w, 100);
-    EXPECT_FLOAT_EQ(area->GetViewportAspectRatio(), 2.0f);
-}
-
-const ViewportCase kViewportCases[] = {
-    {"Inflation3", 1, 1.0f, {-100, -50, 300, 150}, true},
-    {"Inflation1", 0, 1.0f, {0, 0, 100, 50}, false},
-    {"Inflation1Scale05", 0, 0.5f, {0, 25, 50, 25}, false},
-    {"Inflation3Scale05", 1, 0.5f, {-50, 0, 150, 75}, true},
-    {"ScaleAboveOneActsAsOne", 0, 2.0f, {0, 0, 100, 50}, false},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, CVGLRenderAreaViewportGLTest, ::testing::ValuesIn(kViewportCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST_F(CVGLRenderAreaGLTest, GLViewportFollowsTheInflationFactor) {
+    area->SetGlobalScaleFactor(1.0f);
     CVGLRenderArea::SetInflateWorld(1);
     area->SetViewport(10, 20, 100, 50);
     int v[4];
@@ -170,35 +144,29 @@ TEST_F(CVGLRenderAreaGLTest, TransparentListIsSortedBackToFrontStably) {
         CVNode* node;
         float z;
     } arrivals[] = {{&a, -5.0f}, {&b, -1.0f}, {&c, -5.0f}};
-    glMatrixMode(GL_MODELVIEW);
     for (const auto& arr : arrivals) {
         glLoadIdentity();
         glTranslatef(0.0f, 0.0f, arr.z);
         area->AddToTransparentNodeList(arr.node, nullptr, 1);
     }
     ASSERT_EQ(area->GetTransparentNodeListSize(), 3);
-    EXPECT_EQ(area->GetTransparentNodeInfo(0)->node, &a);
-    EXPECT_EQ(area->GetTransparentNodeInfo(1)->node, &c);
-    EXPECT_EQ(area->GetTransparentNodeInfo(2)->node, &b);
+    EXPECT_EQ(std::vector<CVNode*>({area->GetTransparentNodeInfo(0)->node, area->GetTransparentNodeInfo(1)->node,
+                                    area->GetTransparentNodeInfo(2)->node}),
+              std::vector<CVNode*>({&a, &c, &b}));
     EXPECT_FLOAT_EQ(area->GetTransparentNodeInfo(2)->depth, -1.0f);
     EXPECT_FLOAT_EQ(area->GetTransparentNodeInfo(0)->modelviewMatrix[14], -5.0f);
-    EXPECT_EQ(area->GetTransparentNodeInfo(0)->polygonMode, GL_FILL);
-    EXPECT_EQ(area->GetTransparentNodeInfo(0)->lightingEnabled, 0);
     EXPECT_THROW(area->GetTransparentNodeInfo(3), CInvalidArgException);
     area->ResetTransparentNodeList();
     EXPECT_EQ(area->GetTransparentNodeListSize(), 0);
-}
 
-TEST_F(CVGLRenderAreaGLTest, TransparentRecordCapturesDrawingState) {
-    PointNode n;
-    glLoadIdentity();
+    // A record captures the drawing state it is to be replayed with.
     glEnable(GL_LIGHTING);
     glEnable(GL_CLIP_PLANE2);
     glEnable(GL_POLYGON_OFFSET_LINE);
     glPolygonOffset(2.0f, 3.0f);
     glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
     glLineWidth(2.0f);
-    area->AddToTransparentNodeList(&n, nullptr, 1);
+    area->AddToTransparentNodeList(&a, nullptr, 1);
     const TranspNodeInfoStruct* info = area->GetTransparentNodeInfo(0);
     EXPECT_EQ(info->polygonMode, GL_LINE);
     EXPECT_EQ(info->lightingEnabled, 1);
@@ -207,7 +175,6 @@ TEST_F(CVGLRenderAreaGLTest, TransparentRecordCapturesDrawingState) {
     EXPECT_FLOAT_EQ(info->polygonOffsetFactor, 2.0f);
     EXPECT_FLOAT_EQ(info->lineWidth, 2.0f);
     EXPECT_EQ(info->type, 1);
-    area->ResetTransparentNodeList();
 }
 
 TEST_F(CVGLRenderAreaGLTest, TextRecordsTakeTheirDepthFromAUnitBox) {
@@ -216,7 +183,6 @@ TEST_F(CVGLRenderAreaGLTest, TextRecordsTakeTheirDepthFromAUnitBox) {
     glTranslatef(0.0f, 0.0f, -3.0f);
     area->AddToTransparentNodeList(&text, nullptr, 2);
     EXPECT_FLOAT_EQ(area->GetTransparentNodeInfo(0)->depth, -3.0f);
-    area->ResetTransparentNodeList();
     area->AddToAnnotationNodeList(&text, nullptr);
     area->AddToAnnotationNodeList(&text, nullptr);
     EXPECT_EQ(area->GetAnnotationNodeListSize(), 2);
@@ -231,12 +197,11 @@ TEST_F(CVGLRenderAreaGLTest, ShadowMatrixProjectsAlongTheLight) {
     area->InitShadowMatrix();
     const float* m = area->GetShadowMatrix();
     // Default light (0.5, 0.7, 1.0): L = (0.5, 0.45, -19, 0); plane (0, 0, 0.02, -0.02).
-    const float L[4] = {0.5f, 0.45f, 1.0f - 20.0f, 0.0f};
-    const float P[4] = {0.0f, 0.0f, 0.02f, -0.02f};
-    const float dot = P[2] * L[2];
+    const float L[4] = {0.5f, 0.45f, 1.0f - 20.0f, 0.0f}, P[4] = {0.0f, 0.0f, 0.02f, -0.02f};
     for (int col = 0; col < 4; ++col)
         for (int row = 0; row < 4; ++row)
-            EXPECT_NEAR(m[col * 4 + row], (row == col ? dot : 0.0f) - L[row] * P[col], 1e-6) << row << "," << col;
+            EXPECT_NEAR(m[col * 4 + row], (row == col ? P[2] * L[2] : 0.0f) - L[row] * P[col], 1e-6)
+                << row << "," << col;
 
     CVDirectionalLight light;
     light.direction.SetValue(1.0f, 2.0f, -1.0f);
@@ -252,28 +217,22 @@ TEST_F(CVGLRenderAreaGLTest, ShadowMatrixProjectsAlongTheLight) {
     area->SetLightNode(nullptr);
 }
 
-TEST_F(CVGLRenderAreaGLTest, TrueColourFormatsHaveNoPalette) {
-    EXPECT_EQ(area->GetPalette(), nullptr);
-    EXPECT_EQ(area->InstallPalette(0), 0);
-}
-
 // Exposes palette creation for an 8-bit 3-3-2 format.
 class PaletteArea : public CVGLRenderArea {
 public:
     explicit PaletteArea(CVGLDevice* d) : CVGLRenderArea(d) {
         m_pfdChosen.dwFlags |= PFD_NEED_PALETTE;
         m_pfdChosen.cColorBits = 8;
-        m_pfdChosen.cRedBits = 3;
-        m_pfdChosen.cRedShift = 0;
-        m_pfdChosen.cGreenBits = 3;
-        m_pfdChosen.cGreenShift = 3;
-        m_pfdChosen.cBlueBits = 2;
-        m_pfdChosen.cBlueShift = 6;
+        m_pfdChosen.cRedBits = 3, m_pfdChosen.cRedShift = 0;
+        m_pfdChosen.cGreenBits = 3, m_pfdChosen.cGreenShift = 3;
+        m_pfdChosen.cBlueBits = 2, m_pfdChosen.cBlueShift = 6;
         CreateRGBPalette();
     }
 };
 
-TEST_F(CVGLRenderAreaGLTest, EightBitFormatsGetARampWithTheStaticColours) {
+TEST_F(CVGLRenderAreaGLTest, OnlyEightBitFormatsGetARampWithTheStaticColours) {
+    EXPECT_EQ(area->GetPalette(), nullptr);  // true colour
+    EXPECT_EQ(area->InstallPalette(0), 0);
     auto* pal = new PaletteArea(&device);
     pal->Ref();
     ASSERT_NE(pal->GetPalette(), nullptr);
@@ -281,10 +240,10 @@ TEST_F(CVGLRenderAreaGLTest, EightBitFormatsGetARampWithTheStaticColours) {
     ASSERT_EQ(GetPaletteEntries(pal->GetPalette(), 0, 256, e), 256u);
     EXPECT_EQ(e[255].peRed, 255);
     EXPECT_EQ(e[255].peBlue, 255);
-    EXPECT_EQ(e[2].peRed, 73);      // red 3 bits, value 2
-    EXPECT_EQ(e[65].peBlue, 85);    // blue 2 bits, value 1 at shift 6
+    EXPECT_EQ(e[2].peRed, 73);    // red 3 bits, value 2
+    EXPECT_EQ(e[65].peBlue, 85);  // blue 2 bits, value 1 at shift 6
     EXPECT_EQ(e[65].peRed, 36);
-    EXPECT_EQ(e[3].peRed, 128);     // static colours replace ramp entries
+    EXPECT_EQ(e[3].peRed, 128);  // static colours replace ramp entries
     EXPECT_EQ(e[173].peGreen, 192);
     EXPECT_EQ(e[247].peBlue, 240);
     EXPECT_EQ(pal->InstallPalette(0), 1);

@@ -10,23 +10,18 @@
 
 namespace {
 
-class CVSelectSafeListGLTest : public ::testing::Test {
-protected:
-    CVSelectSafeListGLTest() : bitmap(16, 16), device(bitmap.GetDC()) {
-        area = new CVGLRenderArea(&device);
-        area->Ref();
-        glViewport(0, 0, 16, 16);
-        m_nList = glGenLists(1);
-    }
-    ~CVSelectSafeListGLTest() override {
-        glDeleteLists(m_nList, 1);
-        area->Unref();
-    }
-
-    // A unit square at the origin drawn as a strip, then twice as a polygon:
-    // the cylinder's block pattern.
-    void CompileMixedBlocks(GLenum mode) {
-        glNewList(m_nList, mode);
+// A unit square at the origin drawn as a strip, then twice as a polygon (the
+// cylinder's block pattern), picked at the centre. Without the separating
+// state call this list crashes Mesa 22.3 in selection mode.
+TEST(CVSelectSafeListGLTest, MixedBlocksReplayInSelectionMode) {
+    CVTestBitmap bitmap(16, 16);
+    CVBitmapDevice device(bitmap.GetDC());
+    auto* area = new CVGLRenderArea(&device);
+    area->Ref();
+    glViewport(0, 0, 16, 16);
+    const GLuint list = glGenLists(1);
+    for (GLenum mode : {GL_COMPILE, GL_COMPILE_AND_EXECUTE}) {
+        glNewList(list, mode);
         CVSelectSafeList::BeginBlock(GL_TRIANGLE_STRIP, 0.0f, 0.0f, 1.0f);
         glVertex2f(-0.5f, -0.5f);
         glVertex2f(0.5f, -0.5f);
@@ -41,9 +36,7 @@ protected:
             glEnd();
         }
         glEndList();
-    }
 
-    int PickCentre() {
         GLuint buffer[64];
         glSelectBuffer(64, buffer);
         glRenderMode(GL_SELECT);
@@ -56,23 +49,12 @@ protected:
         gluPickMatrix(8.0, 8.0, 2.0, 2.0, viewport);
         glMatrixMode(GL_MODELVIEW);
         glLoadIdentity();
-        glCallList(m_nList);
+        glCallList(list);
         glPopName();
-        return glRenderMode(GL_RENDER);
+        EXPECT_EQ(glRenderMode(GL_RENDER), 1) << (mode == GL_COMPILE ? "compiled" : "compiled and executed");
     }
-
-    CVTestBitmap bitmap;
-    CVBitmapDevice device;
-    CVGLRenderArea* area;
-    GLuint m_nList = 0;
-};
-
-// Without the separating state call this list crashes Mesa 22.3 in selection mode.
-TEST_F(CVSelectSafeListGLTest, MixedBlocksReplayInSelectionMode) {
-    CompileMixedBlocks(GL_COMPILE);
-    EXPECT_EQ(PickCentre(), 1);
-    CompileMixedBlocks(GL_COMPILE_AND_EXECUTE);
-    EXPECT_EQ(PickCentre(), 1);
+    glDeleteLists(list, 1);
+    area->Unref();
 }
 
 }  // namespace

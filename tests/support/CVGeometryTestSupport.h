@@ -10,6 +10,7 @@
 #include <GL/glu.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <vector>
@@ -17,10 +18,14 @@
 #include "actions/CVGLAction.h"
 #include "actions/CVShape.h"
 #include "actions/CVState.h"
+#include "geometry/CVCone.h"
+#include "geometry/CVCylinder.h"
 #include "geometry/CVGeometry.h"
+#include "geometry/CVSphere.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVCacheManager.h"
 #include "render/CVGLRenderArea.h"
+#include "support/CVGLQuery.h"
 #include "support/CVTestBitmap.h"
 
 namespace cvtest {
@@ -231,6 +236,47 @@ private:
     std::vector<CVNode*> m_Held;
     CVCacheManager* m_pSavedManager = nullptr;
     CVCacheManager* m_pOwnManager = nullptr;
+};
+
+// Lit extent as {x0, y0, x1, y1}, for one comparison.
+inline std::array<int, 4> Corners(const PixelBounds& b) { return {b.x0, b.y0, b.x1, b.y1}; }
+
+// Field setters that hand the node back, for building shapes in one line.
+template <class T>
+T* Sized(T* g, float x, float y, float z) {
+    g->size.SetValue(x, y, z);
+    return g;
+}
+inline CVCone* Shaped(CVCone* g, float radius, float height) {
+    g->bottomRadius.SetValue(radius);
+    g->height.SetValue(height);
+    return g;
+}
+inline CVCylinder* Shaped(CVCylinder* g, float radius, float height) {
+    g->radius.SetValue(radius);
+    g->height.SetValue(height);
+    return g;
+}
+inline CVSphere* Shaped(CVSphere* g, float radius) {
+    g->radius.SetValue(radius);
+    return g;
+}
+
+// Keeps nodes alive until it goes out of scope.
+class Holder {
+public:
+    ~Holder() {
+        for (CVNode* n : m_nodes) n->Unref();
+    }
+    template <class T>
+    T* operator()(T* node) {
+        node->Ref();
+        m_nodes.push_back(node);
+        return node;
+    }
+
+private:
+    std::vector<CVNode*> m_nodes;
 };
 
 }  // namespace cvtest

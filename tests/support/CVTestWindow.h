@@ -9,9 +9,11 @@
 #include <gtest/gtest.h>
 
 #include <X11/Xlib.h>
+#include <X11/Xutil.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <thread>
 
@@ -72,3 +74,13 @@ private:
     Window m_window = 0;
     HDC m_hDC = nullptr;
 };
+
+// What the X server shows at (x, y) of a window, as 0xRRGGBB (0xDEADBEEF
+// when the window cannot be read).
+inline uint32_t CVShownPixel(Display* display, Window window, int x, int y) {
+    XImage* image = XGetImage(display, window, x, y, 1, 1, AllPlanes, ZPixmap);
+    if (!image) return 0xDEADBEEF;
+    const uint32_t v = (uint32_t)(XGetPixel(image, 0, 0) & 0xFFFFFF);
+    XDestroyImage(image);
+    return v;
+}
