@@ -215,6 +215,16 @@ TEST_F(CVGLRenderAreaGLTest, ShadowMatrixProjectsAlongTheLight) {
     area->InitShadowMatrix();
     EXPECT_NEAR(area->GetShadowMatrix()[8 + 0], -(-1.0f - 0.9f) * 0.02f, 1e-6);
     area->SetLightNode(nullptr);
+
+    // A light destroyed behind the area's back is forgotten, not read.
+    auto* gone = new CVDirectionalLight;
+    gone->direction.SetValue(1.0f, 2.0f, -1.0f);
+    area->SetLightNode(gone);
+    delete gone;
+    EXPECT_EQ(area->GetLightNode(), nullptr);
+    area->SetShadowOrientation(0);
+    area->InitShadowMatrix();
+    EXPECT_NEAR(area->GetShadowMatrix()[8 + 0], -0.5f * 0.02f, 1e-6);
 }
 
 // Exposes palette creation for an 8-bit 3-3-2 format.
