@@ -112,28 +112,19 @@ TYPED_TEST(CVMFieldArrayTest, GrowthStepSizeAndBadIndexes) {
 }
 
 // Add from text: every class's format, flattened to floats in stored order.
-template <class F, class Read>
-std::vector<float> AddText(const char* text, Read read) {
+std::vector<float> Values(const RGBAColorStruct& c) { return {c.r, c.g, c.b, c.a}; }
+std::vector<float> Values(const Point3fStruct& p) { return {p.x, p.y, p.z}; }
+std::vector<float> Values(const Point2fStruct& p) { return {p.x, p.y}; }
+std::vector<float> Values(const CVRotation& r) { return {r.GetAxis().x, r.GetAxis().y, r.GetAxis().z, r.GetAngle()}; }
+std::vector<float> Values(float v) { return {v}; }
+template <class F>
+std::vector<float> AddText(const char* text) {
     F field;
     if (field.Add(text) != 1 || field.GetNum() != 1) return {};
-    return read(field[0]);
+    return Values(field[0]);
 }
-std::vector<float> Color(const char* t) {
-    return AddText<CVMFColor>(t, [](const RGBAColorStruct& c) { return std::vector<float>{c.r, c.g, c.b, c.a}; });
-}
-std::vector<float> Vec3(const char* t) {
-    return AddText<CVMFVec3f>(t, [](const Point3fStruct& p) { return std::vector<float>{p.x, p.y, p.z}; });
-}
-std::vector<float> Vec2(const char* t) {
-    return AddText<CVMFVec2f>(t, [](const Point2fStruct& p) { return std::vector<float>{p.x, p.y}; });
-}
-std::vector<float> Rot(const char* t) {
-    return AddText<CVMFRotation>(t, [](const CVRotation& r) {
-        return std::vector<float>{r.GetAxis().x, r.GetAxis().y, r.GetAxis().z, r.GetAngle()};
-    });
-}
-std::vector<float> Float(const char* t) { return AddText<CVMFFloat>(t, [](float v) { return std::vector<float>{v}; }); }
-std::vector<float> Int(const char* t) { return AddText<CVMFInt32>(t, [](int v) { return std::vector<float>{(float)v}; }); }
+const auto Color = AddText<CVMFColor>, Vec3 = AddText<CVMFVec3f>, Vec2 = AddText<CVMFVec2f>,
+           Rot = AddText<CVMFRotation>, Float = AddText<CVMFFloat>, Int = AddText<CVMFInt32>;
 
 TEST(CVMFieldTest, AddFromTextAppendsOneElement) {
     const struct {

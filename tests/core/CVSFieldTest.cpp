@@ -19,43 +19,35 @@
 
 namespace {
 
-// Each presets non-zero values, parses the text and returns the components
-// after it, or nothing if SetValue did not return 1.
-template <class F, class Preset, class Read>
-std::vector<float> Parse(const char* text, Preset preset, Read read) {
+// The components of each field, and non-zero presets so that components the
+// text leaves alone show.
+std::vector<float> Values(const CVSFBool& f) { return {(float)f.GetValue()}; }
+std::vector<float> Values(const CVSFInt32& f) { return {(float)f.GetValue()}; }
+std::vector<float> Values(const CVSFFloat& f) { return {f.GetValue()}; }
+std::vector<float> Values(const CVSFVec2f& f) { return {f.GetValue().x, f.GetValue().y}; }
+std::vector<float> Values(const CVSFVec3f& f) { return {f.GetValue().x, f.GetValue().y, f.GetValue().z}; }
+std::vector<float> Values(const CVSFColor& f) { return {f.GetValue().r, f.GetValue().g, f.GetValue().b}; }
+std::vector<float> Values(const CVSFRotation& f) {  // axis x, y, z, angle
+    const CVRotation r = f.GetValue();
+    return {r.GetAxis().x, r.GetAxis().y, r.GetAxis().z, r.GetAngle()};
+}
+void Preset(CVSFBool& f) { f.SetValue(1); }
+void Preset(CVSFInt32& f) { f.SetValue(7); }
+void Preset(CVSFFloat& f) { f.SetValue(7.0f); }
+void Preset(CVSFVec2f& f) { f.SetValue(7, 8); }
+void Preset(CVSFVec3f& f) { f.SetValue(7, 8, 9); }
+void Preset(CVSFColor& f) { f.SetValue(0.25f, 0.5f, 0.75f); }
+void Preset(CVSFRotation& f) { f.SetValue(7, 8, 9, 6); }
+
+// The components after SetValue(text), or nothing if it did not return 1.
+template <class F>
+std::vector<float> Parse(const char* text) {
     F f;
-    preset(f);
-    return f.SetValue(text) == 1 ? read(f) : std::vector<float>{};
+    Preset(f);
+    return f.SetValue(text) == 1 ? Values(f) : std::vector<float>{};
 }
-std::vector<float> Bool(const char* t) {
-    return Parse<CVSFBool>(t, [](auto& f) { f.SetValue(1); }, [](auto& f) { return std::vector<float>{(float)f.GetValue()}; });
-}
-std::vector<float> Int(const char* t) {
-    return Parse<CVSFInt32>(t, [](auto& f) { f.SetValue(7); }, [](auto& f) { return std::vector<float>{(float)f.GetValue()}; });
-}
-std::vector<float> Float(const char* t) {
-    return Parse<CVSFFloat>(t, [](auto& f) { f.SetValue(7.0f); }, [](auto& f) { return std::vector<float>{f.GetValue()}; });
-}
-std::vector<float> Vec2(const char* t) {
-    return Parse<CVSFVec2f>(t, [](auto& f) { f.SetValue(7, 8); },
-                            [](auto& f) { return std::vector<float>{f.GetValue().x, f.GetValue().y}; });
-}
-std::vector<float> Vec3(const char* t) {
-    return Parse<CVSFVec3f>(t, [](auto& f) { f.SetValue(7, 8, 9); }, [](auto& f) {
-        return std::vector<float>{f.GetValue().x, f.GetValue().y, f.GetValue().z};
-    });
-}
-std::vector<float> Color(const char* t) {
-    return Parse<CVSFColor>(t, [](auto& f) { f.SetValue(0.25f, 0.5f, 0.75f); }, [](auto& f) {
-        return std::vector<float>{f.GetValue().r, f.GetValue().g, f.GetValue().b};
-    });
-}
-std::vector<float> Rotation(const char* t) {  // axis x, y, z, angle
-    return Parse<CVSFRotation>(t, [](auto& f) { f.SetValue(7, 8, 9, 6); }, [](auto& f) {
-        const CVRotation r = f.GetValue();
-        return std::vector<float>{r.GetAxis().x, r.GetAxis().y, r.GetAxis().z, r.GetAngle()};
-    });
-}
+const auto Bool = Parse<CVSFBool>, Int = Parse<CVSFInt32>, Float = Parse<CVSFFloat>, Vec2 = Parse<CVSFVec2f>,
+           Vec3 = Parse<CVSFVec3f>, Color = Parse<CVSFColor>, Rotation = Parse<CVSFRotation>;
 
 TEST(CVSFieldTest, SetValueFromText) {
     const struct {
