@@ -34,7 +34,6 @@ public:
 
 TEST(CVBox3f, EmptyIsAnyNegativeSizeAndMakeEmptyKeepsTheClipList) {
     CVBox3f b;
-    EXPECT_STREQ(b.GetRuntimeClass()->m_lpszClassName, "CVBox3f");
     EXPECT_TRUE(b.IsEmpty());
     EXPECT_TRUE(Near(SizeCenter(b), kEmpty, 0));
     EXPECT_FALSE(b.HaveClipList());

@@ -29,9 +29,7 @@ const std::vector<float> kIdentity = Of(Diagonal(1, 1, 1, 1));
 using cvtest::Near;
 }  // namespace
 
-TEST(CVMatrix, DefaultIsIdentityAndRecordsItsClass) {
-    EXPECT_TRUE(CVMatrix().IsKindOf(RUNTIME_CLASS(CVBase)));
-    EXPECT_STREQ(CVMatrix().GetRuntimeClass()->m_lpszClassName, "CVMatrix");
+TEST(CVMatrix, DefaultIsIdentity) {
     EXPECT_TRUE(Near(Of(CVMatrix()), kIdentity, 0));
     EXPECT_TRUE(CVMatrix::Identity() == CVMatrix() && CVMatrix::m_identity == CVMatrix());
     CVMatrix t = Translation(1, 2, 3), copy(t);
