@@ -38,18 +38,23 @@ TEST_P(DepthTest, PixelFormatDescribesWhatTheContextHas) {
     EXPECT_NE(std::string(version).find("Compatibility"), std::string::npos) << version;
 }
 
-TEST_P(DepthTest, GLReachesTheDibAfterSwapBuffersInEitherRowOrder) {
+TEST_P(DepthTest, TriangleReachesTheDibAfterSwapBuffersInEitherRowOrder) {
     for (bool topDown : {false, true}) {
         SCOPED_TRACE(topDown ? "top-down" : "bottom-up");
         CVTestGLDib dib(64, 64, GetParam(), topDown);
         ASSERT_TRUE(dib.MakeCurrent());
         glViewport(0, 0, 64, 64);
         CVTestClear(0, 0, 1);
-        CVTestDrawRect(0, 0, 32, 32, 64, 64, 1, 0, 0);  // lower-left quarter in GL
+        glColor3f(1.0f, 0.0f, 0.0f);
+        glBegin(GL_TRIANGLES);  // lower-left half of the window
+        glVertex2f(-1, -1);
+        glVertex2f(1, -1);
+        glVertex2f(-1, 1);
+        glEnd();
         ASSERT_TRUE(SwapBuffers(dib.hdc));
-        EXPECT_EQ(dib.At(4, 59), RGB(255, 0, 0));  // GDI rows count from the top
-        for (int xy : {4, 59}) EXPECT_EQ(dib.At(xy, 4), RGB(0, 0, 255));
-        EXPECT_EQ(dib.At(59, 59), RGB(0, 0, 255));
+        // GDI rows count from the top.
+        EXPECT_EQ((std::vector<COLORREF>{dib.At(4, 59), dib.At(20, 50), dib.At(59, 4), dib.At(50, 20)}),
+                  (std::vector<COLORREF>{RGB(255, 0, 0), RGB(255, 0, 0), RGB(0, 0, 255), RGB(0, 0, 255)}));
     }
 }
 
