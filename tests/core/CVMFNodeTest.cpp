@@ -22,66 +22,45 @@ protected:
     ProbeNode* Make() { return new ProbeNode(&deaths); }
 };
 
-TEST_F(CVMFNodeTest, AddRefsAndIgnoresNull) {
+TEST_F(CVMFNodeTest, AddInsertAndRemoveRefAndRelease) {
     CVMFNode<CVChild*> list;
-    ProbeNode* a = Make();
+    ProbeNode *a = Make(), *b = Make(), *c = Make(), *absent = Make();
     EXPECT_EQ(list.Add(a), 1);
-    EXPECT_EQ(list.Add(nullptr), 1);
-    EXPECT_EQ(list.GetNum(), 1);
-    EXPECT_EQ(a->GetRef(), 1);
-    EXPECT_EQ(list.Find(a), 0);
-    ProbeNode* absent = Make();
-    EXPECT_EQ(list.Find(absent), -1);
+    EXPECT_EQ(list.Add(nullptr), 1);  // ignored
     EXPECT_EQ(list.Find(nullptr), -1);
+    list.Add(b);
+    list.InsertAt(1, c);
+    list.InsertAt(5, a);  // past the end: null gap
+    ASSERT_EQ(list.GetNum(), 6);
+    const CVChild* want[] = {a, c, b, nullptr, nullptr, a};
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(list[i], want[i]) << i;
+    EXPECT_EQ(a->GetRef(), 2);
+    EXPECT_EQ(c->GetRef(), 1);
+    EXPECT_EQ(list.Find(c), 1);
+    EXPECT_EQ(list.Find(absent), -1);
+    list.RemoveAt(1);  // c's only reference
+    EXPECT_EQ(deaths, 1);
+    list.RemoveAt(2);  // an empty slot just goes
+    EXPECT_EQ(list.GetNum(), 4);
+    EXPECT_EQ(list.Find(b), 1);
     delete absent;
-}
+}  // the destructor steps over the null entry
 
-TEST_F(CVMFNodeTest, SetAtOverItselfKeepsTheNodeAlive) {
+TEST_F(CVMFNodeTest, SetAtOverItselfKeepsTheNodeAndPastTheEndFillsWithNulls) {
     CVMFNode<CVChild*> list;
-    ProbeNode* a = Make();
+    ProbeNode *a = Make(), *b = Make();
     list.Add(a);
     list.SetAt(0, a);
     EXPECT_EQ(deaths, 0);
     EXPECT_EQ(a->GetRef(), 1);
-    EXPECT_EQ(list[0], a);
-
-    ProbeNode* b = Make();
     list.SetAt(0, b);  // the last reference on a goes
     EXPECT_EQ(deaths, 1);
     EXPECT_EQ(b->GetRef(), 1);
-}
-
-TEST_F(CVMFNodeTest, SetAtPastTheEndFillsWithNulls) {
-    CVMFNode<CVChild*> list;
-    ProbeNode* a = Make();
-    list.SetAt(5, a);
-    ASSERT_EQ(list.GetNum(), 6);
-    for (int i = 0; i < 5; ++i) EXPECT_EQ(list[i], nullptr);
-    EXPECT_EQ(list[5], a);
-    EXPECT_EQ(a->GetRef(), 1);
-    list.RemoveAt(0);  // an empty slot just goes
-    EXPECT_EQ(list.Find(a), 4);
-}  // the destructor steps over the null entries and frees a
-
-TEST_F(CVMFNodeTest, InsertAtAndRemoveAt) {
-    CVMFNode<CVChild*> list;
-    ProbeNode *a = Make(), *b = Make(), *c = Make();
-    list.Add(a);
-    list.Add(b);
-    list.InsertAt(1, c);
-    EXPECT_EQ(list[1], c);
-    EXPECT_EQ(list[2], b);
-    EXPECT_EQ(c->GetRef(), 1);
-    list.InsertAt(5, a);
-    EXPECT_EQ(list.GetNum(), 6);
-    EXPECT_EQ(list[3], nullptr);
-    EXPECT_EQ(list[5], a);
-    EXPECT_EQ(a->GetRef(), 2);
-
-    list.RemoveAt(1);  // c's only reference
-    EXPECT_EQ(deaths, 1);
-    EXPECT_EQ(list[1], b);
-    EXPECT_EQ(list.GetNum(), 5);
+    list.SetAt(3, b);
+    ASSERT_EQ(list.GetNum(), 4);
+    EXPECT_EQ(list[1], nullptr);
+    EXPECT_EQ(list[2], nullptr);
+    EXPECT_EQ(b->GetRef(), 2);
 }
 
 TEST_F(CVMFNodeTest, BadIndexThrowsAndChangesNothing) {
@@ -116,13 +95,12 @@ TEST_F(CVMFNodeTest, CloneRefsTheNewAndLeaksTheOld) {
     EXPECT_EQ(target[1], b);
     EXPECT_EQ(a->GetRef(), 2);
     EXPECT_EQ(old->GetRef(), 1);  // no longer held, never released
-    EXPECT_EQ(deaths, 0);
     old->Unref();
     EXPECT_EQ(deaths, 1);
 }
 
-TEST_F(CVMFNodeTest, RemoveAllAndDestructorReleaseEveryEntry) {
-    ProbeNode *shared = Make(), *once = Make();
+TEST_F(CVMFNodeTest, RemoveAllAndDestructorReleaseEveryEntryButSetSizeDoesNot) {
+    ProbeNode *shared = Make(), *once = Make(), *cut = Make();
     shared->Ref();  // held by the test too
     {
         CVMFNode<CVChild*> list;
@@ -135,26 +113,17 @@ TEST_F(CVMFNodeTest, RemoveAllAndDestructorReleaseEveryEntry) {
         EXPECT_EQ(shared->GetRef(), 1);
         EXPECT_EQ(deaths, 1);
         list.Add(shared);
-        list.Add(shared);
+        list.Add(cut);
+        list.SetSize(1, -1);  // drops cut without a release
+        EXPECT_EQ(cut->GetRef(), 1);
+        list.SetSize(3, -1);
+        EXPECT_EQ(list[2], nullptr);
+        EXPECT_EQ(shared->GetRef(), 2);
     }
-    EXPECT_EQ(deaths, 1);
     EXPECT_EQ(shared->GetRef(), 1);
     shared->Unref();
-    EXPECT_EQ(deaths, 2);
-}
-
-TEST_F(CVMFNodeTest, SetSizeNeitherRefsNorReleases) {
-    CVMFNode<CVChild*> list;
-    ProbeNode *a = Make(), *b = Make();
-    list.Add(a);
-    list.Add(b);
-    list.SetSize(1, -1);
-    EXPECT_EQ(b->GetRef(), 1);
-    list.SetSize(3, -1);
-    EXPECT_EQ(list[2], nullptr);
-    EXPECT_EQ(a->GetRef(), 1);
-    b->Unref();
-    EXPECT_EQ(deaths, 1);
+    cut->Unref();
+    EXPECT_EQ(deaths, 3);
 }
 
 }  // namespace

@@ -15,39 +15,29 @@ private:
     int* m_pDeaths;
 };
 
-TEST(CVSFNodeTest, SettingRefsNewAndReleasesOld) {
+TEST(CVSFNodeTest, SettingRefsNewReleasesOldAndCloneShares) {
     int deaths = 0;
-    CVSFNode<CVNode> field;
-    EXPECT_EQ(field.GetValue(), nullptr);
     ProbeNode *a = new ProbeNode(&deaths), *b = new ProbeNode(&deaths);
-    EXPECT_EQ(field.SetValue(a), 1);
-    EXPECT_EQ(a->GetRef(), 1);
-    field.SetValue(a);  // over itself
-    EXPECT_EQ(deaths, 0);
-    EXPECT_EQ(a->GetRef(), 1);
-    field.SetValue(b);
-    EXPECT_EQ(deaths, 1);
-    EXPECT_EQ(field.GetValue(), b);
-    field.SetValue(nullptr);
-    EXPECT_EQ(deaths, 2);
-}
-
-TEST(CVSFNodeTest, CloneSharesAndDestructionReleases) {
-    int deaths = 0;
-    ProbeNode* a = new ProbeNode(&deaths);
     {
-        CVSFNode<CVNode> first;
-        first.SetValue(a);
+        CVSFNode<CVNode> field;
+        EXPECT_EQ(field.SetValue(a), 1);
+        field.SetValue(a);  // over itself
+        EXPECT_EQ(a->GetRef(), 1);
         {
-            CVSFNode<CVNode> second;
-            second.Clone(first);
-            EXPECT_EQ(second.GetValue(), a);
+            CVSFNode<CVNode> copy;
+            copy.Clone(field);
+            EXPECT_EQ(copy.GetValue(), a);
             EXPECT_EQ(a->GetRef(), 2);
         }
         EXPECT_EQ(a->GetRef(), 1);
-        EXPECT_EQ(deaths, 0);
+        field.SetValue(b);
+        EXPECT_EQ(deaths, 1);
+        EXPECT_EQ(field.GetValue(), b);
+        field.SetValue(nullptr);
+        EXPECT_EQ(deaths, 2);
+        field.SetValue(a = new ProbeNode(&deaths));
     }
-    EXPECT_EQ(deaths, 1);
+    EXPECT_EQ(deaths, 3);  // released with the field
 }
 
 }  // namespace

@@ -83,60 +83,46 @@ private:
     std::vector<HGLOBAL> m_owned;
 };
 
-struct DepthCase {
-    int bpp;
-    DWORD tableBytes;
-};
-class CreateRGBDIBTest : public DIBTest, public ::testing::WithParamInterface<DepthCase> {};
-
-TEST_P(CreateRGBDIBTest, LaysOutHeaderTableAndZeroRows) {
-    const DepthCase c = GetParam();
-    HGLOBAL dib = Keep(CreateRGBDIB(13, 5, c.bpp));
-    ASSERT_NE(dib, nullptr);
-    const BITMAPINFOHEADER* h = Head(dib);
-    EXPECT_EQ(h->biSize, 40u);
-    EXPECT_EQ(h->biWidth, 13);
-    EXPECT_EQ(h->biHeight, 5);
-    EXPECT_EQ(h->biBitCount, c.bpp);
-    EXPECT_EQ(h->biCompression, (DWORD)BI_RGB);
-    EXPECT_EQ(ColorTableSize(h), c.tableBytes);
-    EXPECT_EQ(GlobalSize(dib), 40u + c.tableBytes + Stride(13, c.bpp) * 5u);
-    if (c.tableBytes) {
-        const RGBQUAD* table = reinterpret_cast<const RGBQUAD*>(h + 1);
-        EXPECT_EQ(table[c.tableBytes / 4 - 1].rgbGreen, 255);  // grey ramp to white
-        EXPECT_EQ(table[0].rgbRed, 0);
+TEST_F(DIBTest, CreateRGBDIBLaysOutHeaderTableAndZeroRowsOrRefuses) {
+    const struct {
+        int bpp;
+        DWORD tableBytes;
+    } depths[] = {{1, 8}, {4, 64}, {8, 1024}, {16, 0}, {24, 0}, {32, 0}};
+    for (const auto& c : depths) {
+        SCOPED_TRACE(c.bpp);
+        HGLOBAL dib = Keep(CreateRGBDIB(13, 5, c.bpp));
+        ASSERT_NE(dib, nullptr);
+        const BITMAPINFOHEADER* h = Head(dib);
+        EXPECT_EQ((std::vector<long>{(long)h->biSize, h->biWidth, h->biHeight, h->biBitCount, (long)h->biCompression}),
+                  (std::vector<long>{40, 13, 5, c.bpp, BI_RGB}));
+        EXPECT_EQ(ColorTableSize(h), c.tableBytes);
+        EXPECT_EQ(GlobalSize(dib), 40u + c.tableBytes + Stride(13, c.bpp) * 5u);
+        if (c.tableBytes) {  // a grey ramp to white
+            const RGBQUAD* table = reinterpret_cast<const RGBQUAD*>(h + 1);
+            EXPECT_EQ(table[0].rgbRed, 0);
+            EXPECT_EQ(table[c.tableBytes / 4 - 1].rgbGreen, 255);
+        }
+        const BYTE* rows = Rows(dib);
+        EXPECT_EQ(std::vector<BYTE>(rows, rows + Stride(13, c.bpp) * 5), std::vector<BYTE>(Stride(13, c.bpp) * 5, 0));
+        GlobalUnlock(dib);
     }
-    const BYTE* rows = Rows(dib);
-    for (int i = 0; i < Stride(13, c.bpp) * 5; ++i) ASSERT_EQ(rows[i], 0) << i;
-    GlobalUnlock(dib);
-}
-
-INSTANTIATE_TEST_SUITE_P(Depths, CreateRGBDIBTest,
-                         ::testing::Values(DepthCase{1, 8}, DepthCase{4, 64}, DepthCase{8, 1024}, DepthCase{16, 0},
-                                           DepthCase{24, 0}, DepthCase{32, 0}),
-                         [](const auto& info) { return std::to_string(info.param.bpp) + "bits"; });
-
-TEST_F(DIBTest, CreateRefusesBadSizesAndDepths) {
     EXPECT_EQ(CreateRGBDIB(0, 5, 24), nullptr);
     EXPECT_EQ(CreateRGBDIB(5, -1, 24), nullptr);
     EXPECT_EQ(CreateRGBDIB(5, 5, 7), nullptr);
     EXPECT_EQ(CreateRGBDIB(100000, 100000, 32), nullptr);
 }
 
-TEST(ColorTableSizeTest, CountsMasksAndEntries) {
-    struct Case {
+TEST(CVDIBUtilTest, ColorTableSizeCountsMasksAndEntriesAndGlobalFreeDIBFreesOnce) {
+    const struct {
         WORD bpp;
         DWORD compression, used, size, bytes;
     } cases[] = {{8, BI_RGB, 0, 40, 1024}, {8, BI_RGB, 16, 40, 64}, {16, BI_BITFIELDS, 0, 40, 12},
                  {32, BI_BITFIELDS, 2, 40, 20}, {24, BI_RGB, 0, 40, 0},  {16, BI_BITFIELDS, 0, 108, 0}};
-    for (const Case& c : cases) {
-        BITMAPINFOHEADER h{c.size, 1, 1, 1, c.bpp, c.compression, 0, 0, 0, c.used, 0};
+    for (const auto& c : cases) {
+        const BITMAPINFOHEADER h{c.size, 1, 1, 1, c.bpp, c.compression, 0, 0, 0, c.used, 0};
         EXPECT_EQ(ColorTableSize(&h), c.bytes) << c.bpp << " bits, " << c.used << " used, header " << c.size;
     }
     EXPECT_EQ(ColorTableSize(nullptr), 0u);
-}
-
-TEST(GlobalFreeDIBTest, FreesOnce) {
     HGLOBAL dib = CreateRGBDIB(2, 2, 24);
     EXPECT_TRUE(GlobalFreeDIB(dib));
     EXPECT_FALSE(GlobalFreeDIB(dib));
@@ -179,10 +165,8 @@ TEST_F(DIBTest, StretchDIBBltCountsSourceRowsFromTheTop) {
     CVTestBitmap target(8, 8);
     HDC dc = target.GetDC();
     ASSERT_TRUE(StretchDIBBlt(dc, 0, 0, 4, 4, dib, 0, 0, 2, 2, SRCCOPY));
-    EXPECT_EQ(GetPixel(dc, 0, 0), RGB(0, 0, 255));
-    EXPECT_EQ(GetPixel(dc, 3, 1), RGB(255, 255, 255));
-    EXPECT_EQ(GetPixel(dc, 1, 3), RGB(255, 0, 0));
-    EXPECT_EQ(GetPixel(dc, 2, 2), RGB(0, 255, 0));
+    EXPECT_EQ((std::vector<COLORREF>{GetPixel(dc, 0, 0), GetPixel(dc, 3, 1), GetPixel(dc, 1, 3), GetPixel(dc, 2, 2)}),
+              (std::vector<COLORREF>{RGB(0, 0, 255), RGB(255, 255, 255), RGB(255, 0, 0), RGB(0, 255, 0)}));
     ASSERT_TRUE(StretchDIBBlt(dc, 4, 4, 4, 4, dib, 1, 1, 1, 1, SRCCOPY));  // the bottom-right pixel only
     EXPECT_EQ(GetPixel(dc, 7, 7), RGB(0, 255, 0));
 
@@ -195,16 +179,15 @@ TEST_F(DIBTest, StretchDIBBltCountsSourceRowsFromTheTop) {
     GlobalUnlock(dib);
 }
 
-TEST_F(DIBTest, ScaleDIBAveragesDownAndInterpolatesUp) {
+TEST_F(DIBTest, ScaleDIBAveragesDownInterpolatesUpAndWeightsByAlpha) {
     HGLOBAL big = Keep(CreateRGBDIB(300, 200, 24));
     BYTE* rows = Rows(big);
     for (int y = 0; y < 200; ++y)
         for (int x = 0; x < 300; ++x) rows[y * 900 + 3 * x + 1] = (BYTE)(x * 255 / 299);
     HGLOBAL texture = Keep(ScaleDIB(big, 256, 256));
     ASSERT_NE(texture, nullptr);
-    EXPECT_EQ(Head(texture)->biWidth, 256);
-    EXPECT_EQ(Head(texture)->biHeight, 256);
-    EXPECT_EQ(Head(texture)->biBitCount, 24);
+    EXPECT_EQ((std::vector<long>{Head(texture)->biWidth, Head(texture)->biHeight, Head(texture)->biBitCount}),
+              (std::vector<long>{256, 256, 24}));
     for (int x = 1; x < 256; ++x) ASSERT_GE(GetGValue(At(texture, x, 100)), GetGValue(At(texture, x - 1, 100))) << x;
     EXPECT_EQ(At(texture, 10, 0), At(texture, 10, 255));  // rows stay alike
 
@@ -215,9 +198,8 @@ TEST_F(DIBTest, ScaleDIBAveragesDownAndInterpolatesUp) {
     for (int x = 0; x < 4; ++x) EXPECT_EQ(GetRValue(At(up, x, 0)), expected[x]) << x;
     HGLOBAL down = Keep(ScaleDIB(up, 2, 1));
     EXPECT_EQ(GetRValue(At(down, 0, 0)), 32);  // mean of 0 and 64
-}
 
-TEST_F(DIBTest, ScaleDIBWeightsColoursByAlpha) {
+    // Colours are weighted by alpha.
     HGLOBAL dib = Keep(CreateRGBDIB(2, 1, 32));
     const BYTE pixels[8] = {0, 0, 255, 255, 255, 0, 0, 0};  // opaque red, transparent blue
     std::memcpy(Rows(dib), pixels, 8);
@@ -225,9 +207,7 @@ TEST_F(DIBTest, ScaleDIBWeightsColoursByAlpha) {
     ASSERT_NE(one, nullptr);
     EXPECT_EQ(Head(one)->biBitCount, 32);
     const BYTE* p = Rows(one);
-    EXPECT_EQ(p[2], 255);
-    EXPECT_EQ(p[0], 0);
-    EXPECT_EQ(p[3], 128);
+    EXPECT_EQ((std::vector<int>{p[0], p[2], p[3]}), (std::vector<int>{0, 255, 128}));
 
     HGLOBAL grey = Keep(Patterned(3, 3, 8));
     HGLOBAL copy = Keep(ScaleDIB(grey, 3, 3));
@@ -265,29 +245,25 @@ TEST_F(DIBTest, TileAndPadKeepTheFormat) {
     EXPECT_EQ(PadDIB(grey, -1, 4), nullptr);
 }
 
-class BMPRoundTrip : public DIBTest, public ::testing::WithParamInterface<int> {};
-
-TEST_P(BMPRoundTrip, FileHoldsTheBlockAndReadsBackTheSameColours) {
-    const int bpp = GetParam();
-    HGLOBAL dib = Keep(Patterned(9, 4, bpp));
-    const std::string name = m_dir / "out.bmp";
-    ASSERT_TRUE(ConvertDIBtoBMP(dib, CString(name.c_str())));
-    const std::string file = cvtest::ReadFile(name);
-    const size_t blockBytes = 40 + ColorTableSize(Head(dib)) + Stride(9, bpp) * 4;
-    GlobalUnlock(dib);
-    ASSERT_EQ(file.size(), 14 + blockBytes);
-    EXPECT_EQ(file.substr(0, 2), "BM");
-    EXPECT_EQ(std::memcmp(file.data() + 14, Head(dib), blockBytes), 0);
-
-    HGLOBAL back = Keep(OpenDIB(CString(name.c_str())));
-    ASSERT_NE(back, nullptr);
-    EXPECT_EQ(Head(back)->biBitCount, bpp == 32 ? 32 : 24);  // patterned fourth bytes read as alpha
-    for (int y = 0; y < 4; ++y)
-        for (int x = 0; x < 9; ++x) ASSERT_EQ(At(back, x, y), At(dib, x, y)) << x << "," << y;
+TEST_F(DIBTest, BMPFileHoldsTheBlockAndReadsBackTheSameColours) {
+    for (int bpp : {1, 4, 8, 16, 24, 32}) {
+        SCOPED_TRACE(bpp);
+        HGLOBAL dib = Keep(Patterned(9, 4, bpp));
+        const std::string name = m_dir / "out.bmp";
+        ASSERT_TRUE(ConvertDIBtoBMP(dib, CString(name.c_str())));
+        const std::string file = cvtest::ReadFile(name);
+        const size_t blockBytes = 40 + ColorTableSize(Head(dib)) + Stride(9, bpp) * 4;
+        GlobalUnlock(dib);
+        ASSERT_EQ(file.size(), 14 + blockBytes);
+        EXPECT_EQ(file.substr(0, 2), "BM");
+        EXPECT_EQ(std::memcmp(file.data() + 14, Head(dib), blockBytes), 0);
+        HGLOBAL back = Keep(OpenDIB(CString(name.c_str())));
+        ASSERT_NE(back, nullptr);
+        EXPECT_EQ(Head(back)->biBitCount, bpp == 32 ? 32 : 24);  // patterned fourth bytes read as alpha
+        for (int y = 0; y < 4; ++y)
+            for (int x = 0; x < 9; ++x) ASSERT_EQ(At(back, x, y), At(dib, x, y)) << x << "," << y;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Depths, BMPRoundTrip, ::testing::Values(1, 4, 8, 16, 24, 32),
-                         [](const auto& info) { return std::to_string(info.param) + "bits"; });
 
 TEST_F(DIBTest, OpenDIBKeepsPNGAlphaAndRefusesBadFiles) {
     CVImageFile png;
@@ -300,9 +276,7 @@ TEST_F(DIBTest, OpenDIBKeepsPNGAlphaAndRefusesBadFiles) {
     ASSERT_NE(dib, nullptr);
     EXPECT_EQ(Head(dib)->biBitCount, 32);
     const BYTE* p = Rows(dib);
-    EXPECT_EQ(p[2], 255);
-    EXPECT_EQ(p[3], 0x80);
-    EXPECT_EQ(p[5], 255);
+    EXPECT_EQ((std::vector<int>{p[2], p[3], p[5]}), (std::vector<int>{255, 0x80, 255}));
 
     cvtest::WriteFile(m_dir / "junk.bmp", "BM not really a bitmap");
     cvtest::WriteFile(m_dir / "empty.png", "");

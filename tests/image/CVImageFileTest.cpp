@@ -102,56 +102,48 @@ std::string Bytes(std::initializer_list<int> values) {
     return s;
 }
 
-struct BMPCase {
-    const char* name;
-    std::string file;
-    int width, height, hasAlpha;
-    uint32_t topLeft, bottomRight;
-};
-void PrintTo(const BMPCase& c, std::ostream* os) { *os << c.name; }
-
-// Two-pixel-wide images, two rows; rows padded to four bytes.
-const BMPCase kBMPCases[] = {
-    {"Palette8BottomUp",
-     BuildBMP(2, 2, 8, 0, Bytes({0, 0, 255, 0, 0, 255, 0, 0}), Bytes({1, 1, 0, 0, 0, 0, 0, 0})), 2, 2, 0,
-     0xFFFF0000, 0xFF00FF00},
-    {"Palette1PastTableIsBlack", BuildBMP(2, 1, 1, 0, Bytes({255, 255, 255, 0}), Bytes({0x40, 0, 0, 0})), 2, 1, 0,
-     0xFFFFFFFF, 0xFF000000},
-    {"Rgb24TopDown", BuildBMP(2, -2, 24, 0, "", Bytes({1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0})), 2, 2, 0,
-     0xFF030201, 0xFF0C0B0A},
-    {"Rgb32ZeroAlphaIsOpaque", BuildBMP(2, 1, 32, 0, "", Bytes({1, 2, 3, 0, 4, 5, 6, 0})), 2, 1, 0, 0xFF030201,
-     0xFF060504},
-    {"Rgb32WithAlpha", BuildBMP(2, 1, 32, 0, "", Bytes({1, 2, 3, 0, 4, 5, 6, 128})), 2, 1, 1, 0x00030201, 0x80060504},
-    {"BitFields565", BuildBMP(2, 1, 16, 3, Bytes({0, 0xF8, 0, 0, 0xE0, 7, 0, 0, 0x1F, 0, 0, 0}),
-                              Bytes({0x00, 0xF8, 0x1F, 0x00})),
-     2, 1, 0, 0xFFFF0000, 0xFF0000FF},
-    {"BitFields32InV4HeaderWithAlpha",  // masks R, G, B, A inside the header
-     BuildBMP(2, 1, 32, 3, "", Bytes({0x10, 0x20, 0x30, 0x40, 0x50, 0x60, 0x70, 0x80}), 108,
-              Bytes({0, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0})),
-     2, 1, 1, 0x10403020, 0x50807060},
-};
-
-class CVImageFileBMPTest : public ::testing::TestWithParam<BMPCase> {};
-
-TEST_P(CVImageFileBMPTest, DecodesToArgb) {
-    const BMPCase& c = GetParam();
-    CVImageFile image;
-    ASSERT_EQ(image.ReadMemory(c.file.data(), c.file.size()), 1);
-    EXPECT_EQ(image.GetFormat(), CVImageFile::FormatBMP);
-    EXPECT_EQ(image.GetWidth(), c.width);
-    EXPECT_EQ(image.GetHeight(), c.height);
-    EXPECT_EQ(image.HasAlpha(), c.hasAlpha);
-    EXPECT_EQ(image.GetPixel(0, 0), c.topLeft);
-    EXPECT_EQ(image.GetPixel(c.width - 1, c.height - 1), c.bottomRight);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, CVImageFileBMPTest, ::testing::ValuesIn(kBMPCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
 class CVImageFileTest : public ::testing::Test {
 protected:
     cvtest::TempDir m_dir;
 };
+
+// Two-pixel-wide images; rows padded to four bytes.
+TEST_F(CVImageFileTest, BMPVariantsDecodeToArgb) {
+    const struct {
+        const char* name;
+        std::string file;
+        int width, height, hasAlpha;
+        uint32_t topLeft, bottomRight;
+    } cases[] = {
+        {"8-bit palette, bottom-up", BuildBMP(2, 2, 8, 0, Bytes({0, 0, 255, 0, 0, 255, 0, 0}), Bytes({1, 1, 0, 0, 0, 0, 0, 0})),
+         2, 2, 0, 0xFFFF0000, 0xFF00FF00},
+        {"1-bit index past the table is black", BuildBMP(2, 1, 1, 0, Bytes({255, 255, 255, 0}), Bytes({0x40, 0, 0, 0})),
+         2, 1, 0, 0xFFFFFFFF, 0xFF000000},
+        {"24-bit top-down", BuildBMP(2, -2, 24, 0, "", Bytes({1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0})), 2, 2,
+         0, 0xFF030201, 0xFF0C0B0A},
+        {"32-bit zero alpha is opaque", BuildBMP(2, 1, 32, 0, "", Bytes({1, 2, 3, 0, 4, 5, 6, 0})), 2, 1, 0, 0xFF030201,
+         0xFF060504},
+        {"32-bit with alpha", BuildBMP(2, 1, 32, 0, "", Bytes({1, 2, 3, 0, 4, 5, 6, 128})), 2, 1, 1, 0x00030201,
+         0x80060504},
+        {"5-6-5 bit fields",
+         BuildBMP(2, 1, 16, 3, Bytes({0, 0xF8, 0, 0, 0xE0, 7, 0, 0, 0x1F, 0, 0, 0}), Bytes({0x00, 0xF8, 0x1F, 0x00})), 2,
+         1, 0, 0xFFFF0000, 0xFF0000FF},
+        {"32-bit fields with alpha inside a V4 header",  // masks R, G, B, A
+         BuildBMP(2, 1, 32, 3, "", Bytes({0x10, 0x20, 0x30, 0x40, 0x50, 0x60, 0x70, 0x80}), 108,
+                  Bytes({0, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0})),
+         2, 1, 1, 0x10403020, 0x50807060},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        CVImageFile image;
+        ASSERT_EQ(image.ReadMemory(c.file.data(), c.file.size()), 1);
+        EXPECT_EQ(image.GetFormat(), CVImageFile::FormatBMP);
+        EXPECT_EQ(std::make_pair(image.GetWidth(), image.GetHeight()), std::make_pair(c.width, c.height));
+        EXPECT_EQ(image.HasAlpha(), c.hasAlpha);
+        EXPECT_EQ(image.GetPixel(0, 0), c.topLeft);
+        EXPECT_EQ(image.GetPixel(c.width - 1, c.height - 1), c.bottomRight);
+    }
+}
 
 TEST_F(CVImageFileTest, PngAndBmpRoundTripsAreExact) {
     for (bool alpha : {false, true}) {

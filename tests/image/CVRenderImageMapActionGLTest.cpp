@@ -4,10 +4,10 @@
 
 #include <GL/gl.h>
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <string>
 
 #include "actions/CVGroup.h"
 #include "actions/CVShape.h"
@@ -71,61 +71,35 @@ int RampStep(int value, int max) {
     return best;
 }
 
-// What a pixel says: white (nothing), or which element kind, overlay and index.
-struct Code {
-    bool white;
-    int kind;  // 0 data point, 1 annotation
-    int overlay;
-    int index;
-    bool operator==(const Code& o) const {
-        return white == o.white && (white || (kind == o.kind && overlay == o.overlay && index == o.index));
-    }
-};
-const Code kWhite{true, 0, 0, 0};
-
-std::ostream& operator<<(std::ostream& os, const Code& c) {
-    if (c.white) return os << "white";
-    return os << (c.kind ? "annotation" : "point") << " overlay " << c.overlay << " index " << c.index;
-}
+// What a pixel says: {kind, overlay, index} with kind 0 for a data point, 1
+// for an annotation, -1 for white (nothing).
+using Code = std::array<int, 3>;
+const Code kWhite{-1, 0, 0};
 
 // Decodes pixel (x, y), y up from the bottom, of the action's bitmap.
 Code Decode(CSimpleDIB* dib, int x, int y) {
     const BYTE* bits = static_cast<const BYTE*>(dib->GetBits());
     if (dib->GetBitCount() == 16) {
-        const int stride = (dib->GetWidth() * 2 + 3) / 4 * 4;
         uint16_t v;
-        std::memcpy(&v, bits + y * stride + x * 2, 2);
+        std::memcpy(&v, bits + y * ((dib->GetWidth() * 2 + 3) / 4 * 4) + x * 2, 2);
         if (v == 0xFFFF) return kWhite;
         const int r = RampStep(v >> 11, 31), g = RampStep((v >> 5) & 63, 63), b = RampStep(v & 31, 31);
-        if (r == 8) return Code{false, 1, 0, (g << 5) | b};
-        return Code{false, 0, r, (g << 5) | b};
+        return r == 8 ? Code{1, 0, (g << 5) | b} : Code{0, r, (g << 5) | b};
     }
     const BYTE* p = bits + (y * dib->GetWidth() + x) * 4;
     const int r = p[2], g = p[1], b = p[0];
     if (r == 255 && g == 255 && b == 255) return kWhite;
     const int index = ((r & 3) << 16) | (g << 8) | b;
-    if ((r & 0xC0) == 64) return Code{false, 1, 0, index};
-    return Code{false, 0, (r >> 2) & 0xF, index};
+    return (r & 0xC0) == 64 ? Code{1, 0, index} : Code{0, (r >> 2) & 0xF, index};
 }
 
-struct MapCase {
-    int bits;
-    // Codes of the four quadrants: top left, top right, bottom left; the
-    // bottom right holds the elements that must leave no colour.
-    int pointIndex, pointOverlay;
-    int secondIndex;
-    int annotationIndex;
-};
-
-void PrintTo(const MapCase& c, std::ostream* os) { *os << c.bits << " bits"; }
-
-class CVRenderImageMapActionGLTest : public ::testing::TestWithParam<MapCase> {
+class CVRenderImageMapActionGLTest : public ::testing::Test {
 protected:
     CVRenderImageMapActionGLTest() { CVGLRenderArea::SetInflateWorld(0); }
     ~CVRenderImageMapActionGLTest() override { CVGLRenderArea::SetInflateWorld(1); }
 
-    // A shape with a quad over the given rectangle, added to group.
-    MapQuad* AddQuad(CVGroup* group, MapQuad* quad, unsigned int flags, int index, short overlay = 0) {
+    // A shape holding quad, added to group.
+    static MapQuad* AddQuad(CVGroup* group, MapQuad* quad, unsigned int flags, int index, short overlay = 0) {
         if (flags & CVGeometry::kDataPoint) quad->SetDataPointFlag(1);
         if (flags & CVGeometry::kAnnotation) quad->SetAnnotationFlag(1);
         if (flags & CVGeometry::kTopoChart) quad->SetTopoChartFlag(1);
@@ -138,55 +112,53 @@ protected:
     }
 };
 
-TEST_P(CVRenderImageMapActionGLTest, PixelsDecodeToTheIndexesDrawn) {
-    const MapCase c = GetParam();
-    CVTestBitmap reference(1, 1, c.bits);
-    CVRenderImageMapAction action(reference.GetDC());
-    action.SetViewport(0, 0, 64, 64);
-    ASSERT_EQ(action.GetDIB()->GetBitCount(), c.bits);
+TEST_F(CVRenderImageMapActionGLTest, PixelsDecodeToTheIndexesDrawnAt32And16Bits) {
+    const struct {
+        int bits, pointIndex, pointOverlay, secondIndex, annotationIndex;
+    } cases[] = {{32, 0x012345, 2, 7, 300}, {16, 0x2A5, 2, 31, 100}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.bits);
+        CVTestBitmap reference(1, 1, c.bits);
+        CVRenderImageMapAction action(reference.GetDC());
+        action.SetViewport(0, 0, 64, 64);
+        ASSERT_EQ(action.GetDIB()->GetBitCount(), c.bits);
+        // Quadrants: a point top left, another top right, an annotation bottom
+        // left; the bottom right holds the elements that must leave no colour.
+        CVGroup* root = new CVGroup;
+        root->Ref();
+        MapQuad* point = AddQuad(root, new MapQuad(-1, 0, 0, 1), CVGeometry::kDataPoint, c.pointIndex, (short)c.pointOverlay);
+        AddQuad(root, new MapQuad(0, 0, 1, 1), CVGeometry::kDataPoint, c.secondIndex);
+        AddQuad(root, new MapQuad(-1, -1, 0, 0), CVGeometry::kAnnotation, c.annotationIndex);
+        MapQuad* plain = AddQuad(root, new MapQuad(0, -1, 1, 0), 0, 5);
+        MapQuad* unindexed = AddQuad(root, new MapQuad(0.5f, -1, 1, -0.5f), CVGeometry::kDataPoint, -3);
 
-    CVGroup* root = new CVGroup;
-    root->Ref();
-    MapQuad* point = AddQuad(root, new MapQuad(-1, 0, 0, 1), CVGeometry::kDataPoint, c.pointIndex, (short)c.pointOverlay);
-    AddQuad(root, new MapQuad(0, 0, 1, 1), CVGeometry::kDataPoint, c.secondIndex);
-    AddQuad(root, new MapQuad(-1, -1, 0, 0), CVGeometry::kAnnotation, c.annotationIndex);
-    MapQuad* plain = AddQuad(root, new MapQuad(0, -1, 1, 0), 0, 5);
-    MapQuad* unindexed = AddQuad(root, new MapQuad(0.5f, -1, 1, -0.5f), CVGeometry::kDataPoint, -3);
+        ASSERT_EQ(action.Apply(root), 1);
+        EXPECT_EQ(point->draws, 1);
+        EXPECT_EQ(point->identifying, 1);
+        EXPECT_FALSE(point->lit);
+        EXPECT_FALSE(point->dithered);
+        EXPECT_EQ(point->shadeModel, GL_FLAT);
+        EXPECT_EQ(plain->draws + unindexed->draws, 0);
+        EXPECT_EQ(action.GetState()->m_bRecordPath, 0);
+        const Code expected[2][2] = {{Code{1, 0, c.annotationIndex}, kWhite},
+                                     {Code{0, c.pointOverlay, c.pointIndex}, Code{0, 0, c.secondIndex}}};
+        for (int y = 0; y < 64; ++y)
+            for (int x = 0; x < 64; ++x)
+                ASSERT_EQ(Decode(action.GetDIB(), x, y), expected[y / 32][x / 32]) << "pixel " << x << "," << y;
 
-    ASSERT_EQ(action.Apply(root), 1);
-    EXPECT_EQ(point->draws, 1);
-    EXPECT_EQ(point->identifying, 1);
-    EXPECT_FALSE(point->lit);
-    EXPECT_FALSE(point->dithered);
-    EXPECT_EQ(point->shadeModel, GL_FLAT);
-    EXPECT_EQ(plain->draws, 0);
-    EXPECT_EQ(unindexed->draws, 0);
-    EXPECT_EQ(action.GetState()->m_bRecordPath, 0);
-
-    const Code expected[2][2] = {{Code{false, 1, 0, c.annotationIndex}, kWhite},
-                                 {Code{false, 0, c.pointOverlay, c.pointIndex}, Code{false, 0, 0, c.secondIndex}}};
-    for (int y = 0; y < 64; ++y)
-        for (int x = 0; x < 64; ++x)
-            ASSERT_EQ(Decode(action.GetDIB(), x, y), expected[y / 32][x / 32]) << "pixel " << x << "," << y;
-
-    // The overlay is drawn into the same frame.
-    CVGroup* overlay = new CVGroup;
-    overlay->Ref();
-    AddQuad(overlay, new MapQuad(0, -1, 1, 0), CVGeometry::kDataPoint, 9);
-    ASSERT_EQ(action.Apply(root, overlay), 1);
-    EXPECT_EQ(Decode(action.GetDIB(), 48, 16), (Code{false, 0, 0, 9}));
-    EXPECT_EQ(Decode(action.GetDIB(), 16, 48), (Code{false, 0, c.pointOverlay, c.pointIndex}));
-    overlay->Unref();
-    root->Unref();
+        // The overlay is drawn into the same frame.
+        CVGroup* overlay = new CVGroup;
+        overlay->Ref();
+        AddQuad(overlay, new MapQuad(0, -1, 1, 0), CVGeometry::kDataPoint, 9);
+        ASSERT_EQ(action.Apply(root, overlay), 1);
+        EXPECT_EQ(Decode(action.GetDIB(), 48, 16), (Code{0, 0, 9}));
+        EXPECT_EQ(Decode(action.GetDIB(), 16, 48), (Code{0, c.pointOverlay, c.pointIndex}));
+        overlay->Unref();
+        root->Unref();
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Depths, CVRenderImageMapActionGLTest,
-                         ::testing::Values(MapCase{32, 0x012345, 2, 7, 300}, MapCase{16, 0x2A5, 2, 31, 100}),
-                         [](const auto& info) { return std::to_string(info.param.bits) + "bits"; });
-
-class ImageMapSetupGLTest : public CVRenderImageMapActionGLTest {};
-
-TEST_F(ImageMapSetupGLTest, EverySetViewportMakesANewBitmapAndArea) {
+TEST_F(CVRenderImageMapActionGLTest, EverySetViewportMakesANewBitmapAndArea) {
     CVTestBitmap reference(1, 1);
     CVRenderImageMapAction action(reference.GetDC());
     EXPECT_EQ(action.GetDIB()->GetWidth(), 32);
@@ -204,7 +176,7 @@ TEST_F(ImageMapSetupGLTest, EverySetViewportMakesANewBitmapAndArea) {
     EXPECT_EQ(action.Apply(nullptr), 0);
 }
 
-TEST_F(ImageMapSetupGLTest, TopographicLineSetsAreMarkedModified) {
+TEST_F(CVRenderImageMapActionGLTest, TopographicLineSetsAreMarkedModified) {
     CVTestBitmap reference(1, 1);
     CVRenderImageMapAction action(reference.GetDC());
     action.SetViewport(0, 0, 8, 8);

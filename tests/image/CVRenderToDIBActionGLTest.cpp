@@ -86,8 +86,7 @@ TEST_F(CVRenderToDIBActionGLTest, SizeChangesMakeANewAreaWithDefaults) {
     EXPECT_EQ(action.GetSimpleDIB()->GetHeight(), 10);
     int x, y, w, h;
     action.GetViewport(x, y, w, h);
-    EXPECT_EQ(w, 20);
-    EXPECT_EQ(h, 10);
+    EXPECT_EQ(std::make_pair(w, h), std::make_pair(20, 10));
     first->Unref();
 }
 
@@ -184,24 +183,19 @@ TEST_F(CVRenderToDIBActionGLTest, SetPaletteWritesTheColourTable) {
     {
         CVRenderToDIBAction action(reference8);
         ASSERT_EQ(action.GetSimpleDIB()->GetBitCount(), 8);
-        std::vector<BYTE> buf(sizeof(LOGPALETTE) + 2 * sizeof(PALETTEENTRY));
-        LOGPALETTE* lp = reinterpret_cast<LOGPALETTE*>(buf.data());
-        lp->palVersion = 0x300;
-        lp->palNumEntries = 3;
-        lp->palPalEntry[0] = PALETTEENTRY{10, 20, 30, 0};
-        lp->palPalEntry[1] = PALETTEENTRY{200, 100, 50, 4};
-        lp->palPalEntry[2] = PALETTEENTRY{1, 2, 3, 0};
+        struct {
+            WORD version, count;
+            PALETTEENTRY entries[3];
+        } lp{0x300, 3, {{10, 20, 30, 0}, {200, 100, 50, 4}, {1, 2, 3, 0}}};
         CPalette palette;
-        ASSERT_TRUE(palette.CreatePalette(lp));
+        ASSERT_TRUE(palette.CreatePalette(reinterpret_cast<LOGPALETTE*>(&lp)));
         action.SetPalette(&palette);
         action.SetPalette(nullptr);
         RGBQUAD table[3] = {};
         ASSERT_EQ(GetDIBColorTable(action.GetSimpleDIB()->GetDC(), 0, 3, table), 3u);
-        EXPECT_EQ(table[1].rgbRed, 200);
-        EXPECT_EQ(table[1].rgbGreen, 100);
-        EXPECT_EQ(table[1].rgbBlue, 50);
-        EXPECT_EQ(table[1].rgbReserved, 0);  // flags are not carried over
-        EXPECT_EQ(table[2].rgbBlue, 3);
+        EXPECT_EQ((std::vector<int>{table[1].rgbRed, table[1].rgbGreen, table[1].rgbBlue, table[1].rgbReserved,
+                                    table[2].rgbBlue}),
+                  (std::vector<int>{200, 100, 50, 0, 3}));  // flags are not carried over
     }
     SelectObject(reference8, old);
     DeleteObject(section);

@@ -93,35 +93,25 @@ protected:
     FakeHost m_host;
 };
 
-struct ComponentCase {
-    const char* name;
-    const char* body;  // null: no component key
-    const wchar_t* path;
-};
-void PrintTo(const ComponentCase& c, std::ostream* os) { *os << c.name; }
-
-const ComponentCase kComponentCases[] = {
-    {"PathValue", "\"Path\"=\"/opt/v9\"\n\"Later\"=\"/later\"\n", L"/opt/v9"},
-    {"MissingKey", nullptr, L""},
-    {"KeyWithoutValues", "", L""},
-    {"OnlyValueOfAnotherName", "\"Folder\"=\"/other\"\n", L"/other"},
-    {"LowerCasePathIsNoMatch", "\"path\"=\"/lower\"\n\"Zeta\"=\"/zeta\"\n", L"/zeta"},
-    {"LowerCasePathWinsOnlyAsLastValue", "\"Zeta\"=\"/zeta\"\n\"path\"=\"/lower\"\n", L"/lower"},
-    {"DefaultValueOnly", "@=\"/default\"\n", L"/default"},
-};
-
-class CVSearchPathsComponentTest : public CVSearchPathsTest, public ::testing::WithParamInterface<ComponentCase> {};
-
-TEST_P(CVSearchPathsComponentTest, ComponentPathAndImageFolder) {
-    WriteRegistry(GetParam().body);
-    EXPECT_EQ(CVGetSharedComponentPath(L"Vantor V9").str(), GetParam().path);
-    EXPECT_EQ(CVGetDefaultImageSearchPath().str(), std::wstring(GetParam().path) + L"\\Images");
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, CVSearchPathsComponentTest, ::testing::ValuesIn(kComponentCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST_F(CVSearchPathsTest, AbsentRegistryGivesNothing) {
+TEST_F(CVSearchPathsTest, ComponentPathAndImageFolderFollowTheEnumerationQuirks) {
+    const struct {
+        const char* body;  // null: no component key
+        const wchar_t* path;
+    } cases[] = {
+        {"\"Path\"=\"/opt/v9\"\n\"Later\"=\"/later\"\n", L"/opt/v9"},
+        {nullptr, L""},
+        {"", L""},                                     // a key without values
+        {"\"Folder\"=\"/other\"\n", L"/other"},          // the only value, whatever its name
+        {"\"path\"=\"/lower\"\n\"Zeta\"=\"/zeta\"\n", L"/zeta"},  // "path" is no match...
+        {"\"Zeta\"=\"/zeta\"\n\"path\"=\"/lower\"\n", L"/lower"},  // ...but wins as the last value
+        {"@=\"/default\"\n", L"/default"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.body ? c.body : "(no key)");
+        WriteRegistry(c.body);
+        EXPECT_EQ(CVGetSharedComponentPath(L"Vantor V9").str(), c.path);
+        EXPECT_EQ(CVGetDefaultImageSearchPath().str(), std::wstring(c.path) + L"\\Images");
+    }
     cvtest::ScopedEnv absent("CVSCENE_REGISTRY", (m_dir / "absent.reg").c_str());
     EXPECT_EQ(CVGetDefaultImageSearchPath().str(), L"\\Images");
 }
@@ -134,38 +124,19 @@ TEST_F(CVSearchPathsTest, SharedFilesPathIsReadOnceAndKept) {
     EXPECT_EQ(CVGetKestrixSharedFilesPath().str(), Wide(SharedDir()));    // ...the cached path is not
 }
 
-struct ResolveCase {
-    const char* name;
-    bool inDefault, inShared, inImagePath;
-    const char* where;  // "default", "shared" or "imagepath"
-};
-void PrintTo(const ResolveCase& c, std::ostream* os) { *os << c.name; }
-
-const ResolveCase kResolveCases[] = {
-    {"DefaultFolderFirst", true, true, true, "default"},
-    {"SharedImagesSecond", false, true, true, "shared"},
-    {"PlainSearchLast", false, false, true, "imagepath"},
-};
-
-class CVSearchPathsResolveTest : public CVSearchPathsTest, public ::testing::WithParamInterface<ResolveCase> {};
-
-TEST_P(CVSearchPathsResolveTest, FoldersAreSearchedInOrder) {
-    const ResolveCase& c = GetParam();
-    std::string file = std::string(c.name) + ".png";
-    std::string component = m_dir / "v9";
+TEST_F(CVSearchPathsTest, FoldersAreSearchedInOrderBeforeAnyDownload) {
+    const std::string component = m_dir / "v9";
     WriteRegistry(("\"Path\"=\"" + component + "\"\n").c_str());
-    std::string places[] = {component + "/Images/" + file, SharedDir() + "/images/" + file, m_dir / "extra/" + file};
-    bool wanted[] = {c.inDefault, c.inShared, c.inImagePath};
-    for (int i = 0; i < 3; ++i)
-        if (wanted[i]) cvtest::WriteFile(places[i], "x");
     cvtest::ScopedEnv imagePath("CVSCENE_IMAGE_PATH", (m_dir / "extra").c_str());
-    int expected = std::string(c.where) == "default" ? 0 : std::string(c.where) == "shared" ? 1 : 2;
-    EXPECT_EQ(Resolve(&m_host, Wide(file)), Wide(places[expected]));
+    // The default folder, the shared images, then the plain search.
+    const std::string places[] = {component + "/Images/", SharedDir() + "/images/", m_dir / "extra/"};
+    for (int first = 0; first < 3; ++first) {
+        const std::string file = "f" + std::to_string(first) + ".png";
+        for (int i = first; i < 3; ++i) cvtest::WriteFile(places[i] + file, "x");
+        EXPECT_EQ(Resolve(&m_host, Wide(file)), Wide(places[first] + file));
+    }
     EXPECT_TRUE(g_calls.empty());
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, CVSearchPathsResolveTest, ::testing::ValuesIn(kResolveCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CVSearchPathsTest, NullCallerNeverDownloads) {
     WriteRegistry(nullptr);

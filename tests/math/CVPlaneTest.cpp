@@ -4,49 +4,30 @@
 
 #include "math/CVPlane.h"
 #include "math/CVRay.h"
+#include "support/CVTestNear.h"
 
-TEST(CVPlane, ConstructAndAccess) {
-    CVPlane p(CVVector(0, 1, 0), -3.0f);
-    EXPECT_EQ(p.GetNormal().y, 1.0f);
-    EXPECT_EQ(p.GetDistance(), -3.0f);
-    p.SetNormal(CVVector(1, 0, 0));
-    p.SetDistance(2.0f);
-    CVPlane q;
-    q = p;
-    EXPECT_EQ(q.GetNormal().x, 1.0f);
-    EXPECT_EQ(q.GetDistance(), 2.0f);
-}
-
+// The hit is direction + t direction: the origin enters only through t.
 TEST(CVPlane, IntersectReturnsDirectionPlusTDirection) {
-    // Plane z = 5 (n = (0,0,1), d = -5).
-    CVPlane p(CVVector(0, 0, 1), -5.0f);
-    CVRay ray;
-    ray.SetOrigin(CVVector(0, 0, 0));
-    ray.SetDirection(CVVector(0, 0, 1), 1);
-    float denom = 0, t = 0;
-    CVVector hit = p.Intersect(ray, denom, t);
-    EXPECT_FLOAT_EQ(denom, -1.0f);           // -(n . dir)
-    EXPECT_FLOAT_EQ(t, 5.0f);                // (n . origin + d) / denom
-    EXPECT_FLOAT_EQ(hit.x, 0.0f);            // dir + t dir, not origin + t dir
-    EXPECT_FLOAT_EQ(hit.y, 0.0f);
-    EXPECT_FLOAT_EQ(hit.z, 6.0f);
-}
-
-TEST(CVPlane, IntersectUsesOriginOnlyThroughT) {
-    CVPlane p(CVVector(0, 0, 1), -5.0f);
-    CVRay ray;
-    ray.SetOrigin(CVVector(7, 8, 1));
-    ray.SetDirection(CVVector(0, 0, 1), 1);
-    float denom = 0, t = 0;
-    CVVector hit = p.Intersect(ray, denom, t);
-    EXPECT_FLOAT_EQ(t, 4.0f);
-    EXPECT_FLOAT_EQ(hit.x, 0.0f);
-    EXPECT_FLOAT_EQ(hit.y, 0.0f);
-    EXPECT_FLOAT_EQ(hit.z, 5.0f);
-}
-
-TEST(CVPlane, IntersectParallelRayDividesByZero) {
-    CVPlane p(CVVector(0, 0, 1), -5.0f);
+    const CVPlane p(CVVector(0, 0, 1), -5.0f);  // z = 5
+    const struct {
+        CVVector origin, direction;
+        float denom, t;
+        std::vector<float> hit;
+    } cases[] = {
+        {{0, 0, 0}, {0, 0, 1}, -1, 5, {0, 0, 6}},
+        {{7, 8, 1}, {0, 0, 1}, -1, 4, {0, 0, 5}},
+    };
+    for (const auto& c : cases) {
+        CVRay ray;
+        ray.SetOrigin(c.origin);
+        ray.SetDirection(c.direction, 1);
+        float denom = 0, t = 0;
+        const CVVector hit = p.Intersect(ray, denom, t);
+        EXPECT_FLOAT_EQ(denom, c.denom);  // -(n . dir)
+        EXPECT_FLOAT_EQ(t, c.t);          // (n . origin + d) / denom
+        EXPECT_TRUE(cvtest::Near({hit.x, hit.y, hit.z}, c.hit));
+    }
+    // A parallel ray divides by zero.
     CVRay ray;
     ray.SetOrigin(CVVector(0, 0, 0));
     ray.SetDirection(CVVector(1, 0, 0), 1);

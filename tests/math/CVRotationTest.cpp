@@ -3,132 +3,82 @@
 #include <cmath>
 
 #include "math/CVRotation.h"
+#include "support/CVTestNear.h"
 
 namespace {
 const float kPi = 3.14159265358979f;
-
-void ExpectRotation(const CVRotation& r, float x, float y, float z, float angle, float eps = 1e-5f) {
-    Point3fStruct a;
-    float an;
-    r.GetValue(a, an);
-    EXPECT_NEAR(a.x, x, eps);
-    EXPECT_NEAR(a.y, y, eps);
-    EXPECT_NEAR(a.z, z, eps);
-    EXPECT_NEAR(an, angle, eps);
-}
-}  // namespace
-
-TEST(CVRotation, IsFourFloatsAngleFirst) {
-    EXPECT_EQ(sizeof(CVRotation), 4 * sizeof(float));
-    CVRotation r(1, 2, 3, 4);
-    const float* f = reinterpret_cast<const float*>(&r);
-    EXPECT_EQ(f[0], 4.0f);
-    EXPECT_EQ(f[1], 1.0f);
-    EXPECT_EQ(f[3], 3.0f);
-}
-
-TEST(CVRotation, DefaultIsZeroAboutY) {
-    ExpectRotation(CVRotation(), 0, 1, 0, 0, 0);
-}
-
-TEST(CVRotation, SetValueStoresUnchanged) {
-    CVRotation r;
-    r.SetValue(Point3fStruct{0, 0, 5}, 2.5f);
-    ExpectRotation(r, 0, 0, 5, 2.5f, 0);
-    r.SetValue(3, 4, 0, -1.0f);
-    ExpectRotation(r, 3, 4, 0, -1.0f, 0);
-    float x, y, z, a;
-    r.GetValue(x, y, z, a);
-    EXPECT_EQ(x, 3.0f);
-    EXPECT_EQ(a, -1.0f);
-    EXPECT_EQ(r.GetAngle(), -1.0f);
-    EXPECT_EQ(r.GetAxis().y, 4.0f);
-}
-
-TEST(CVRotation, SetValueFromOneAngle) {
-    CVRotation r;
-    r.SetValue(0.5f, 0, 0);
-    ExpectRotation(r, 1, 0, 0, 0.5f);
-    r.SetValue(0, 0.5f, 0);
-    ExpectRotation(r, 0, 1, 0, 0.5f);
-    r.SetValue(0, 0, -0.5f);
-    // Get gives a non-negative angle: the axis flips.
-    ExpectRotation(r, 0, 0, -1, 0.5f);
-}
-
-TEST(CVRotation, SetValueFromZeroAnglesGivesZeroAxis) {
-    CVRotation r;
-    r.SetValue(0.0f, 0.0f, 0.0f);
-    ExpectRotation(r, 0, 0, 0, 0, 0);
-}
-
-TEST(CVRotation, SetValueFromThreeAnglesIsQxQyQz) {
-    const float ax = kPi / 2, ay = kPi / 2, az = 0;
-    CVRotation r;
-    r.SetValue(ax, ay, az);
-    // qx * qy: y rotation first, then x. Rx(90) Ry(90) maps x -> -z -> y,
-    // y -> y -> z and z -> x -> x: the cycle x -> y -> z, 120 degrees about
-    // (1,1,1).
-    const float s = 1 / std::sqrt(3.0f);
-    ExpectRotation(r, s, s, s, 2 * kPi / 3);
-
-    // General angles against composed Rodrigues rotations (z first, then y, then x).
-    const float bx = 0.3f, by = -0.8f, bz = 1.1f;
-    r.SetValue(bx, by, bz);
+// Axis x, y, z and angle as GetValue gives them.
+std::vector<float> Of(const CVRotation& r) {
     Point3fStruct a;
     float angle;
     r.GetValue(a, angle);
-    CVVector axis(a);
+    return {a.x, a.y, a.z, angle};
+}
+std::vector<float> Of(const CVVector& v) { return {v.x, v.y, v.z}; }
+using cvtest::Near;
+}  // namespace
+
+TEST(CVRotation, IsFourFloatsAngleFirstDefaultingToZeroAboutY) {
+    EXPECT_EQ(sizeof(CVRotation), 4 * sizeof(float));
+    CVRotation r(1, 2, 3, 4);
+    const float* f = reinterpret_cast<const float*>(&r);
+    EXPECT_TRUE(Near({f[0], f[1], f[2], f[3]}, {4, 1, 2, 3}, 0));
+    EXPECT_TRUE(Near(Of(CVRotation()), {0, 1, 0, 0}, 0));
+    r.SetValue(Point3fStruct{0, 0, 5}, 2.5f);  // stored as given
+    EXPECT_TRUE(Near(Of(r), {0, 0, 5, 2.5f}, 0));
+    EXPECT_TRUE(r != CVRotation(0, 0, 5, 2.6f));
+    EXPECT_TRUE(r == CVRotation(0, 0, 5, 2.5f));
+}
+
+TEST(CVRotation, SetValueFromAngles) {
+    const float s = 1 / std::sqrt(3.0f);
+    const struct {
+        float ax, ay, az;
+        std::vector<float> want;
+    } cases[] = {
+        {0.5f, 0, 0, {1, 0, 0, 0.5f}},
+        {0, 0.5f, 0, {0, 1, 0, 0.5f}},
+        {0, 0, -0.5f, {0, 0, -1, 0.5f}},  // a non-negative angle: the axis flips
+        {0, 0, 0, {0, 0, 0, 0}},
+        // qx qy: y first, then x. Rx(90) Ry(90) cycles x -> y -> z: 120 degrees about (1,1,1).
+        {kPi / 2, kPi / 2, 0, {s, s, s, 2 * kPi / 3}},
+    };
+    for (const auto& c : cases) {
+        CVRotation r;
+        r.SetValue(c.ax, c.ay, c.az);
+        EXPECT_TRUE(Near(Of(r), c.want)) << c.ax << " " << c.ay << " " << c.az;
+    }
+    // General angles against composed Rodrigues rotations (z first, then y, then x).
+    CVRotation r;
+    r.SetValue(0.3f, -0.8f, 1.1f);
+    CVVector axis(r.GetAxis());
     axis.Normalize();
     const CVVector v(0.5f, 1.5f, -2.0f);
-    CVVector got = v.Rotate(axis, angle);
-    CVVector expected = v.Rotate(CVVector(0, 0, 1), bz).Rotate(CVVector(0, 1, 0), by).Rotate(CVVector(1, 0, 0), bx);
-    EXPECT_NEAR(got.x, expected.x, 1e-4f);
-    EXPECT_NEAR(got.y, expected.y, 1e-4f);
-    EXPECT_NEAR(got.z, expected.z, 1e-4f);
+    const CVVector want = v.Rotate(CVVector(0, 0, 1), 1.1f).Rotate(CVVector(0, 1, 0), -0.8f).Rotate(CVVector(1, 0, 0), 0.3f);
+    EXPECT_TRUE(Near(Of(v.Rotate(axis, r.GetAngle())), Of(want), 1e-4f));
 }
 
 TEST(CVRotation, SetValueFromTwoVectors) {
     CVRotation r;
     r.SetValue(CVVector(1, 0, 0), CVVector(0, 1, 0));
-    ExpectRotation(r, 0, 0, 1, kPi / 2);
+    EXPECT_TRUE(Near(Of(r), {0, 0, 1, kPi / 2}));
     // Lengths do not matter: the axis is normalised, the angle uses Angle.
     r.SetValue(CVVector(2, 0, 0), CVVector(0, 0, 3));
-    ExpectRotation(r, 0, -1, 0, kPi / 2);
+    EXPECT_TRUE(Near(Of(r), {0, -1, 0, kPi / 2}));
+    r.SetValue(CVVector(0, 0, 1), CVVector(0, 0, 4));  // parallel: no axis
+    EXPECT_TRUE(Near(Of(r), {0, 0, 0, 0}, 1e-3f));
     // The rotation carries from onto to.
     CVVector from(1, 2, 0.5f), to(-1, 0.5f, 2);
     r.SetValue(from, to);
-    Point3fStruct a;
-    float angle;
-    r.GetValue(a, angle);
-    CVVector got = from.Rotate(CVVector(a), angle);
-    CVVector t = to;
-    t.Normalize();
+    CVVector got = from.Rotate(CVVector(r.GetAxis()), r.GetAngle());
     got.Normalize();
-    EXPECT_NEAR(got.x, t.x, 1e-5f);
-    EXPECT_NEAR(got.y, t.y, 1e-5f);
-    EXPECT_NEAR(got.z, t.z, 1e-5f);
-}
-
-TEST(CVRotation, SetValueFromParallelVectorsLeavesZeroAxis) {
-    CVRotation r;
-    r.SetValue(CVVector(0, 0, 1), CVVector(0, 0, 4));
-    ExpectRotation(r, 0, 0, 0, 0, 1e-3f);
+    to.Normalize();
+    EXPECT_TRUE(Near(Of(got), Of(to)));
 }
 
 TEST(CVRotation, PlusReturnsDefaultAndPlusEqualsDoesNothing) {
     CVRotation a(1, 0, 0, 0.5f), b(0, 0, 1, 0.25f);
-    ExpectRotation(a + b, 0, 1, 0, 0, 0);
-    CVRotation c = a;
-    c += b;
-    ExpectRotation(c, 1, 0, 0, 0.5f, 0);
-}
-
-TEST(CVRotation, CopyAndCompare) {
-    CVRotation a(1, 2, 3, 4);
-    CVRotation b;
-    b = a;
-    EXPECT_TRUE(b == a);
-    b.SetValue(1, 2, 3, 5);
-    EXPECT_TRUE(b != a);
+    EXPECT_TRUE(Near(Of(a + b), {0, 1, 0, 0}, 0));
+    a += b;
+    EXPECT_TRUE(Near(Of(a), {1, 0, 0, 0.5f}, 0));
 }

@@ -14,51 +14,37 @@ namespace {
 class DepthTest : public testing::TestWithParam<int> {};
 
 TEST_P(DepthTest, PixelFormatDescribesWhatTheContextHas) {
+    const bool deep = GetParam() == 32;
     CVTestGLDib dib(64, 64, GetParam());
     ASSERT_NE(dib.context, nullptr) << GetLastError();
     PIXELFORMATDESCRIPTOR pfd{};
-    int count = DescribePixelFormat(dib.hdc, dib.format, sizeof pfd, &pfd);
+    const int count = DescribePixelFormat(dib.hdc, dib.format, sizeof pfd, &pfd);
     EXPECT_GE(count, dib.format);
     EXPECT_EQ(DescribePixelFormat(dib.hdc, 0, 0, nullptr), count);
     EXPECT_EQ(GetPixelFormat(dib.hdc), dib.format);
     EXPECT_EQ(pfd.dwFlags, DWORD(PFD_DRAW_TO_BITMAP | PFD_SUPPORT_GDI | PFD_SUPPORT_OPENGL));
-    EXPECT_EQ(pfd.cAccumBits, 0);
     ASSERT_TRUE(dib.MakeCurrent());
-    GLint red, green, alpha, depth, accum, doubleBuffer;
-    glGetIntegerv(GL_RED_BITS, &red);
-    glGetIntegerv(GL_GREEN_BITS, &green);
-    glGetIntegerv(GL_ALPHA_BITS, &alpha);
-    glGetIntegerv(GL_DEPTH_BITS, &depth);
-    glGetIntegerv(GL_ACCUM_RED_BITS, &accum);
-    glGetIntegerv(GL_DOUBLEBUFFER, &doubleBuffer);
-    EXPECT_EQ(pfd.cColorBits, GetParam());
-    EXPECT_EQ(pfd.cRedBits, red);
-    EXPECT_EQ(pfd.cGreenBits, green);
-    EXPECT_EQ(pfd.cAlphaBits, alpha);
-    EXPECT_EQ(pfd.cDepthBits, depth);
-    EXPECT_GE(depth, 24);  // 32 requested: the deepest buffer there is
-    EXPECT_EQ(accum, 0);
-    EXPECT_EQ(doubleBuffer, GL_FALSE);
-    // The shifts place each channel where the DIB keeps it.
-    EXPECT_EQ(pfd.cRedShift, GetParam() == 32 ? 16 : 11);
-    EXPECT_EQ(pfd.cGreenShift, GetParam() == 32 ? 8 : 5);
+    EXPECT_EQ((std::vector<int>{pfd.cColorBits, pfd.cRedBits, pfd.cGreenBits, pfd.cAlphaBits, pfd.cDepthBits}),
+              (std::vector<int>{GetParam(), CVTestGetInt(GL_RED_BITS), CVTestGetInt(GL_GREEN_BITS),
+                                CVTestGetInt(GL_ALPHA_BITS), CVTestGetInt(GL_DEPTH_BITS)}));
+    EXPECT_GE(pfd.cDepthBits, 24);             // 32 requested: the deepest buffer there is
+    EXPECT_EQ(pfd.cRedShift, deep ? 16 : 11);  // where the DIB keeps each channel
+    EXPECT_EQ(pfd.cGreenShift, deep ? 8 : 5);
+    EXPECT_EQ(pfd.cAccumBits, 0);
+    EXPECT_EQ(CVTestGetInt(GL_ACCUM_RED_BITS), 0);
+    EXPECT_EQ(CVTestGetInt(GL_DOUBLEBUFFER), GL_FALSE);
     const char* version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
     ASSERT_NE(version, nullptr);
     EXPECT_NE(std::string(version).find("Compatibility"), std::string::npos) << version;
 }
 
-TEST_P(DepthTest, TriangleReachesTheDibAfterSwapBuffers) {
+TEST_P(DepthTest, TriangleReachesTheDibAfterSwapBuffersInEitherRowOrder) {
     for (bool topDown : {false, true}) {
         SCOPED_TRACE(topDown ? "top-down" : "bottom-up");
         CVTestGLDib dib(64, 64, GetParam(), topDown);
         ASSERT_TRUE(dib.MakeCurrent());
         glViewport(0, 0, 64, 64);
-        glClearColor(0.0f, 0.0f, 1.0f, 1.0f);
-        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        glMatrixMode(GL_PROJECTION);
-        glLoadIdentity();
-        glMatrixMode(GL_MODELVIEW);
-        glLoadIdentity();
+        CVTestClear(0, 0, 1);
         glColor3f(1.0f, 0.0f, 0.0f);
         glBegin(GL_TRIANGLES);  // lower-left half of the window
         glVertex2f(-1, -1);
@@ -66,31 +52,29 @@ TEST_P(DepthTest, TriangleReachesTheDibAfterSwapBuffers) {
         glVertex2f(-1, 1);
         glEnd();
         ASSERT_TRUE(SwapBuffers(dib.hdc));
-        EXPECT_EQ(dib.At(4, 59), RGB(255, 0, 0));   // near the bottom-left corner
-        EXPECT_EQ(dib.At(59, 4), RGB(0, 0, 255));   // near the top-right corner
-        EXPECT_EQ(dib.At(20, 50), RGB(255, 0, 0));
-        EXPECT_EQ(dib.At(50, 20), RGB(0, 0, 255));
+        // GDI rows count from the top.
+        EXPECT_EQ((std::vector<COLORREF>{dib.At(4, 59), dib.At(20, 50), dib.At(59, 4), dib.At(50, 20)}),
+                  (std::vector<COLORREF>{RGB(255, 0, 0), RGB(255, 0, 0), RGB(0, 0, 255), RGB(0, 0, 255)}));
     }
 }
 
 TEST_P(DepthTest, GdiThenGlThenGdiLandInOrder) {
     CVTestGLDib dib(64, 64, GetParam());
     ASSERT_TRUE(dib.MakeCurrent());
-    dib.Fill(RGB(0, 255, 0));                                  // background by GDI
+    dib.Fill(RGB(0, 255, 0));  // background by GDI
     glDisable(GL_DEPTH_TEST);
     CVTestDrawRect(16, 16, 48, 48, 64, 64, 1.0f, 0.0f, 0.0f);  // GL over the middle
     dib.Fill(40, 8, 56, 24, RGB(0, 0, 255));                   // GDI again, across the quad's corner
-    // A read by GDI sees GL's drawing before any swap.
-    EXPECT_EQ(GetPixel(dib.hdc, 20, 40), RGB(255, 0, 0));
-    // GL sees both fills.
-    EXPECT_EQ(dib.GLAt(2, 2), RGB(0, 255, 0));
+    EXPECT_EQ(GetPixel(dib.hdc, 20, 40), RGB(255, 0, 0));      // GDI sees GL's drawing before any swap
+    EXPECT_EQ(dib.GLAt(2, 2), RGB(0, 255, 0));                 // and GL sees both fills
     EXPECT_EQ(dib.GLAt(44, 20), RGB(0, 0, 255));
     ASSERT_TRUE(SwapBuffers(dib.hdc));
-    EXPECT_EQ(dib.At(2, 2), RGB(0, 255, 0));
-    EXPECT_EQ(dib.At(20, 40), RGB(255, 0, 0));
-    EXPECT_EQ(dib.At(44, 20), RGB(0, 0, 255));
-    EXPECT_EQ(dib.At(44, 30), RGB(255, 0, 0));
-    EXPECT_EQ(dib.At(52, 30), RGB(0, 255, 0));
+    const struct {
+        int x, y;
+        COLORREF c;
+    } probes[] = {{2, 2, RGB(0, 255, 0)},  {20, 40, RGB(255, 0, 0)}, {44, 20, RGB(0, 0, 255)},
+                  {44, 30, RGB(255, 0, 0)}, {52, 30, RGB(0, 255, 0)}};
+    for (const auto& p : probes) EXPECT_EQ(dib.At(p.x, p.y), p.c) << p.x << "," << p.y;
 }
 
 INSTANTIATE_TEST_SUITE_P(CVEGLContextGLTest, DepthTest, testing::Values(32, 16),
@@ -98,27 +82,23 @@ INSTANTIATE_TEST_SUITE_P(CVEGLContextGLTest, DepthTest, testing::Values(32, 16),
 
 TEST(CVEGLContextGLTest, OperationsReadingTheDestinationSeeGlsPixels) {
     CVTestGLDib dib(64, 64, 32);
-    CVTestDib magenta(64, 64, 32);
+    CVTestDib magenta(64, 64, 32), copy(64, 64, 32);
     magenta.Fill(RGB(255, 0, 255));
     ASSERT_TRUE(dib.MakeCurrent());
-    glClearColor(0, 1, 0, 1);
-    glClear(GL_COLOR_BUFFER_BIT);
+    CVTestClear(0, 1, 0);
     glDisable(GL_DEPTH_TEST);
     CVTestDrawRect(0, 0, 32, 64, 64, 64, 1, 1, 0);  // left half yellow
     ASSERT_TRUE(BitBlt(dib.hdc, 0, 0, 64, 64, magenta.hdc, 0, 0, SRCAND));
     EXPECT_EQ(dib.GLAt(10, 10), RGB(255, 0, 0));
     EXPECT_EQ(dib.GLAt(50, 10), RGB(0, 0, 0));
-    // And GL's pixels can be a source.
-    CVTestDib copy(64, 64, 32);
-    ASSERT_TRUE(BitBlt(copy.hdc, 0, 0, 64, 64, dib.hdc, 0, 0, SRCCOPY));
+    ASSERT_TRUE(BitBlt(copy.hdc, 0, 0, 64, 64, dib.hdc, 0, 0, SRCCOPY));  // GL's pixels as a source
     EXPECT_EQ(copy.At(10, 10), RGB(255, 0, 0));
 }
 
 TEST(CVEGLContextGLTest, GdiCallsBorrowTheContextAndPutBackWhatWasCurrent) {
     CVTestGLDib a(32, 32, 32), b(32, 32, 32);
     ASSERT_TRUE(a.MakeCurrent());
-    glClearColor(0, 0, 0, 1);
-    glClear(GL_COLOR_BUFFER_BIT);
+    CVTestClear(0, 0, 0);
     ASSERT_TRUE(b.MakeCurrent());
     a.Fill(RGB(255, 255, 0));  // a's context is not current
     EXPECT_EQ(wglGetCurrentContext(), b.context);
@@ -133,17 +113,14 @@ TEST(CVEGLContextGLTest, GdiCallsBorrowTheContextAndPutBackWhatWasCurrent) {
 TEST(CVEGLContextGLTest, NewBitmapGetsItsOwnBuffer) {
     CVTestGLDib dib(64, 64, 32);
     ASSERT_TRUE(dib.MakeCurrent());
-    glClearColor(1, 0, 0, 1);
-    glClear(GL_COLOR_BUFFER_BIT);
+    CVTestClear(1, 0, 0);
     SwapBuffers(dib.hdc);
-
     CVTestDib other(32, 16, 32);
     SelectObject(other.hdc, other.old);  // free the bitmap for our DC
     HGDIOBJ first = SelectObject(dib.hdc, other.bitmap);
     EXPECT_EQ(wglGetCurrentContext(), dib.context);
     glViewport(0, 0, 32, 16);
-    glClearColor(0, 0, 1, 1);
-    glClear(GL_COLOR_BUFFER_BIT);
+    CVTestClear(0, 0, 1);
     SwapBuffers(dib.hdc);
     EXPECT_EQ(other.At(31, 15), RGB(0, 0, 255));
     EXPECT_EQ(dib.At(63, 63), RGB(255, 0, 0));  // the first DIB kept its frame
@@ -157,8 +134,7 @@ TEST(CVEGLContextGLTest, ContextsShareListsWithinEglOnly) {
     ASSERT_TRUE(a.MakeCurrent());
     GLuint list = glGenLists(1);
     glNewList(list, GL_COMPILE);
-    glClearColor(1, 0, 0, 1);
-    glClear(GL_COLOR_BUFFER_BIT);
+    CVTestClear(1, 0, 0);
     glEndList();
     ASSERT_TRUE(b.MakeCurrent());
     EXPECT_TRUE(glIsList(list));
@@ -172,70 +148,57 @@ TEST(CVEGLContextGLTest, ContextsShareListsWithinEglOnly) {
     wglMakeCurrent(nullptr, nullptr);
 }
 
-struct BadTarget {
-    const char* name;
-    int bpp;  // 0: no bitmap selected
-};
-void PrintTo(const BadTarget& c, std::ostream* os) { *os << c.name; }
-class FailureTest : public testing::TestWithParam<BadTarget> {};
-
-TEST_P(FailureTest, NoContextAndEverythingAfterIsHarmless) {
-    HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP bmp = nullptr;
-    if (GetParam().bpp) {
-        CVTestDib probe(8, 8, GetParam().bpp);
-        SelectObject(probe.hdc, probe.old);
-        bmp = probe.bitmap;
-        probe.bitmap = CreateBitmap(1, 1, 1, 1, nullptr);  // probe deletes this instead
-        SelectObject(dc, bmp);
+TEST(CVEGLContextGLTest, NoContextOnBadTargetsAndEverythingAfterIsHarmless) {
+    for (int bpp : {0, 1, 8}) {  // 0: no bitmap selected
+        SCOPED_TRACE(bpp);
+        HDC dc = CreateCompatibleDC(nullptr);
+        HBITMAP bmp = nullptr;
+        if (bpp) {
+            CVTestDib probe(8, 8, bpp);
+            SelectObject(probe.hdc, probe.old);
+            bmp = probe.bitmap;
+            probe.bitmap = CreateBitmap(1, 1, 1, 1, nullptr);  // probe deletes this instead
+            SelectObject(dc, bmp);
+        }
+        PIXELFORMATDESCRIPTOR pfd = CVTestGLDib::Request();
+        SetLastError(0);
+        EXPECT_EQ(ChoosePixelFormat(dc, &pfd), 0);
+        EXPECT_NE(GetLastError(), 0u);
+        EXPECT_FALSE(SetPixelFormat(dc, 1, &pfd));
+        HGLRC rc = wglCreateContext(dc);
+        EXPECT_EQ(rc, nullptr);
+        EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PIXEL_FORMAT);
+        EXPECT_FALSE(wglMakeCurrent(dc, rc) && wglGetCurrentContext() != nullptr);
+        EXPECT_EQ(wglGetCurrentContext(), nullptr);
+        EXPECT_FALSE(wglDeleteContext(rc));
+        EXPECT_FALSE(wglShareLists(rc, rc));
+        EXPECT_TRUE(SwapBuffers(dc));  // nothing to bring in
+        EXPECT_TRUE(GdiFlush());
+        CVAccum(GL_ACCUM, 0.5f);
+        EXPECT_FALSE(SwapBuffers(nullptr));
+        EXPECT_EQ(wglCreateContext(nullptr), nullptr);
+        DeleteDC(dc);
+        if (bmp) DeleteObject(bmp);
     }
-    PIXELFORMATDESCRIPTOR pfd = CVTestGLDib::Request();
-    SetLastError(0);
-    EXPECT_EQ(ChoosePixelFormat(dc, &pfd), 0);
-    EXPECT_NE(GetLastError(), 0u);
-    EXPECT_FALSE(SetPixelFormat(dc, 1, &pfd));
-    SetLastError(0);
-    HGLRC rc = wglCreateContext(dc);
-    EXPECT_EQ(rc, nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PIXEL_FORMAT);
-    EXPECT_FALSE(wglMakeCurrent(dc, rc) && wglGetCurrentContext() != nullptr);
-    EXPECT_EQ(wglGetCurrentContext(), nullptr);
-    EXPECT_FALSE(wglDeleteContext(rc));
-    EXPECT_FALSE(wglShareLists(rc, rc));
-    EXPECT_TRUE(SwapBuffers(dc));  // nothing to bring in
-    EXPECT_TRUE(GdiFlush());
-    CVAccum(GL_ACCUM, 0.5f);
-    EXPECT_FALSE(SwapBuffers(nullptr));
-    EXPECT_EQ(wglCreateContext(nullptr), nullptr);
-    DeleteDC(dc);
-    if (bmp) DeleteObject(bmp);
 }
-
-INSTANTIATE_TEST_SUITE_P(CVEGLContextGLTest, FailureTest,
-                         testing::Values(BadTarget{"NoBitmap", 0}, BadTarget{"Mono", 1}, BadTarget{"Indexed", 8}),
-                         [](const testing::TestParamInfo<BadTarget>& i) { return std::string(i.param.name); });
 
 TEST(CVEGLContextGLTest, DeletedContextLeavesTheDCUsable) {
     CVTestGLDib dib(16, 16, 32);
     ASSERT_TRUE(dib.MakeCurrent());
-    glClearColor(0, 1, 0, 1);
-    glClear(GL_COLOR_BUFFER_BIT);
+    CVTestClear(0, 1, 0);
     EXPECT_TRUE(wglDeleteContext(dib.context));
     EXPECT_EQ(wglGetCurrentContext(), nullptr);
     EXPECT_FALSE(wglMakeCurrent(dib.hdc, dib.context));
-    dib.context = nullptr;
     dib.Fill(RGB(1, 2, 3));
     EXPECT_EQ(GetPixel(dib.hdc, 1, 1), RGB(1, 2, 3));
-    // A new context on the same DC starts from the DIB.
-    dib.context = wglCreateContext(dib.hdc);
+    dib.context = wglCreateContext(dib.hdc);  // a new context on the same DC starts from the DIB
     ASSERT_TRUE(dib.MakeCurrent());
     EXPECT_EQ(dib.GLAt(1, 1), RGB(1, 2, 3));
 }
 
 long ResidentKiB() {
     long pages = 0, resident = 0;
-    FILE* f = std::fopen("/proc/self/statm", "r");
-    if (f) {
+    if (FILE* f = std::fopen("/proc/self/statm", "r")) {
         if (std::fscanf(f, "%ld %ld", &pages, &resident) != 2) resident = 0;
         std::fclose(f);
     }
@@ -252,8 +215,7 @@ TEST(CVEGLContextGLTest, RepeatedContextsLeaveNothingBehind) {
     for (int i = 0; i < 100; ++i) {
         CVTestGLDib dib(w, h, 32);
         ASSERT_TRUE(dib.MakeCurrent());
-        glClearColor(0, 0, 1, 1);
-        glClear(GL_COLOR_BUFFER_BIT);
+        CVTestClear(0, 0, 1);
         ASSERT_TRUE(SwapBuffers(dib.hdc));
         ASSERT_EQ(dib.At(w - 1, 0), RGB(0, 0, 255));
         if (i == 9) before = ResidentKiB();  // after Mesa's one-off allocations

@@ -7,18 +7,20 @@
 #include <vector>
 
 namespace {
-std::vector<BYTE> LogPalette(int n, WORD version = 0x300) {
-    std::vector<BYTE> buf(sizeof(LOGPALETTE) + n * sizeof(PALETTEENTRY));
-    auto* lp = reinterpret_cast<LOGPALETTE*>(buf.data());
-    lp->palVersion = version;
-    lp->palNumEntries = (WORD)n;
-    for (int i = 0; i < n; ++i) lp->palPalEntry[i] = PALETTEENTRY{BYTE(i), BYTE(2 * i), BYTE(3 * i), 0};
-    return buf;
-}
+// Entry i is (i, 2i, 3i); the block stays alive with the caller.
+struct LogPalette {
+    explicit LogPalette(int n, WORD version = 0x300) : buf(sizeof(LOGPALETTE) + n * sizeof(PALETTEENTRY)) {
+        auto* lp = reinterpret_cast<LOGPALETTE*>(buf.data());
+        lp->palVersion = version;
+        lp->palNumEntries = (WORD)n;
+        for (int i = 0; i < n; ++i) lp->palPalEntry[i] = PALETTEENTRY{BYTE(i), BYTE(2 * i), BYTE(3 * i), 0};
+    }
+    HPALETTE Create() { return CreatePalette(reinterpret_cast<LOGPALETTE*>(buf.data())); }
+    std::vector<BYTE> buf;
+};
 
-TEST(CVGdiPaletteTest, EntriesRoundTrip) {
-    auto buf = LogPalette(8);
-    HPALETTE pal = CreatePalette(reinterpret_cast<LOGPALETTE*>(buf.data()));
+TEST(CVGdiPaletteTest, EntriesRoundTripAndMalformedPalettesAreRefused) {
+    HPALETTE pal = LogPalette(8).Create();
     ASSERT_NE(pal, nullptr);
     EXPECT_EQ(GetPaletteEntries(pal, 0, 0, nullptr), 8u);
     PALETTEENTRY e[8];
@@ -29,19 +31,14 @@ TEST(CVGdiPaletteTest, EntriesRoundTrip) {
     EXPECT_EQ(GetObjectW(pal, sizeof count, &count), 2);
     EXPECT_EQ(count, 8);
     DeleteObject(pal);
-}
-
-TEST(CVGdiPaletteTest, MalformedPalettesAreRefused) {
-    auto wrongVersion = LogPalette(4, 0x200), empty = LogPalette(0);
-    EXPECT_EQ(CreatePalette(reinterpret_cast<LOGPALETTE*>(wrongVersion.data())), nullptr);
-    EXPECT_EQ(CreatePalette(reinterpret_cast<LOGPALETTE*>(empty.data())), nullptr);
+    EXPECT_EQ(LogPalette(4, 0x200).Create(), nullptr);
+    EXPECT_EQ(LogPalette(0).Create(), nullptr);
     EXPECT_EQ(CreatePalette(nullptr), nullptr);
 }
 
 TEST(CVGdiPaletteTest, SelectAndRealize) {
     CVTestDib dib(2, 2, 32);
-    auto buf = LogPalette(16);
-    HPALETTE pal = CreatePalette(reinterpret_cast<LOGPALETTE*>(buf.data()));
+    HPALETTE pal = LogPalette(16).Create();
     HPALETTE def = SelectPalette(dib.hdc, pal, FALSE);
     ASSERT_NE(def, nullptr);
     EXPECT_EQ(GetPaletteEntries(def, 0, 0, nullptr), 20u);  // the static colours
@@ -55,16 +52,14 @@ TEST(CVGdiPaletteTest, SelectAndRealize) {
 
 TEST(CVGdiPaletteTest, PaletteIndexedColourTableComesFromTheDCsPalette) {
     CVTestDib host(1, 1, 32);
-    auto buf = LogPalette(4);
-    HPALETTE pal = CreatePalette(reinterpret_cast<LOGPALETTE*>(buf.data()));
+    HPALETTE pal = LogPalette(4).Create();
     SelectPalette(host.hdc, pal, FALSE);
-    std::vector<BYTE> info(sizeof(BITMAPINFOHEADER) + 2 * sizeof(WORD));
-    auto* bi = reinterpret_cast<BITMAPINFO*>(info.data());
-    bi->bmiHeader = BITMAPINFOHEADER{40, 8, 1, 1, 1, BI_RGB, 0, 0, 0, 0, 0};
-    WORD indexes[2] = {3, 1};
-    std::memcpy(info.data() + sizeof(BITMAPINFOHEADER), indexes, sizeof indexes);
+    struct {
+        BITMAPINFOHEADER h;
+        WORD indexes[2];
+    } info{{40, 8, 1, 1, 1, BI_RGB, 0, 0, 0, 0, 0}, {3, 1}};
     void* bits = nullptr;
-    HBITMAP bmp = CreateDIBSection(host.hdc, bi, DIB_PAL_COLORS, &bits, nullptr, 0);
+    HBITMAP bmp = CreateDIBSection(host.hdc, reinterpret_cast<BITMAPINFO*>(&info), DIB_PAL_COLORS, &bits, nullptr, 0);
     ASSERT_NE(bmp, nullptr);
     HDC dc = CreateCompatibleDC(host.hdc);
     SelectObject(dc, bmp);

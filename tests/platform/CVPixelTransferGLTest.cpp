@@ -4,19 +4,25 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
+GLfloat GetFloat(GLenum name) {
+    GLfloat v[4] = {};
+    glGetFloatv(name, v);
+    return v[0];
+}
+
 TEST(CVPixelTransferGLTest, GdiWritesIgnoreAndKeepTheHostsState) {
     CVTestGLDib dib(64, 64, 32);
     ASSERT_TRUE(dib.MakeCurrent());
-    glClearColor(0, 0, 0, 0);
     glClearDepth(0.0);  // every fragment would fail GL_LESS
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    glEnable(GL_DEPTH_TEST);
-    glEnable(GL_BLEND);
+    glClear(GL_DEPTH_BUFFER_BIT);
+    CVTestClear(0, 0, 0);
+    const GLenum caps[] = {GL_DEPTH_TEST, GL_BLEND, GL_SCISSOR_TEST, GL_TEXTURE_2D};
+    for (GLenum cap : caps) glEnable(cap);
     glBlendFunc(GL_ZERO, GL_ONE);
-    glEnable(GL_SCISSOR_TEST);
     glScissor(0, 0, 1, 1);
-    glEnable(GL_TEXTURE_2D);
     glColorMask(GL_FALSE, GL_TRUE, GL_TRUE, GL_TRUE);
     glPixelZoom(2.0f, 3.0f);
     glPixelTransferf(GL_RED_SCALE, 0.0f);
@@ -24,33 +30,21 @@ TEST(CVPixelTransferGLTest, GdiWritesIgnoreAndKeepTheHostsState) {
     glPixelStorei(GL_UNPACK_ROW_LENGTH, 7);
     glPixelStorei(GL_PACK_SKIP_ROWS, 3);
     glRasterPos2f(0.25f, 0.5f);
-    GLfloat rasterBefore[4];
+    GLfloat rasterBefore[4], raster[4];
     glGetFloatv(GL_CURRENT_RASTER_POSITION, rasterBefore);
 
     dib.Fill(8, 8, 16, 16, RGB(200, 100, 50));
 
-    EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST));
-    EXPECT_TRUE(glIsEnabled(GL_BLEND));
-    EXPECT_TRUE(glIsEnabled(GL_SCISSOR_TEST));
-    EXPECT_TRUE(glIsEnabled(GL_TEXTURE_2D));
+    for (GLenum cap : caps) EXPECT_TRUE(glIsEnabled(cap)) << std::hex << cap;
     GLboolean mask[4];
     glGetBooleanv(GL_COLOR_WRITEMASK, mask);
     EXPECT_FALSE(mask[0]);
-    GLfloat zoom, scale, raster[4];
-    glGetFloatv(GL_ZOOM_Y, &zoom);
-    glGetFloatv(GL_RED_SCALE, &scale);
     glGetFloatv(GL_CURRENT_RASTER_POSITION, raster);
-    EXPECT_EQ(zoom, 3.0f);
-    EXPECT_EQ(scale, 0.0f);
-    EXPECT_EQ(raster[0], rasterBefore[0]);
-    EXPECT_EQ(raster[1], rasterBefore[1]);
-    GLint alignment, rowLength, skipRows;
-    glGetIntegerv(GL_UNPACK_ALIGNMENT, &alignment);
-    glGetIntegerv(GL_UNPACK_ROW_LENGTH, &rowLength);
-    glGetIntegerv(GL_PACK_SKIP_ROWS, &skipRows);
-    EXPECT_EQ(alignment, 1);
-    EXPECT_EQ(rowLength, 7);
-    EXPECT_EQ(skipRows, 3);
+    EXPECT_EQ((std::vector<GLfloat>{GetFloat(GL_ZOOM_Y), GetFloat(GL_RED_SCALE), raster[0], raster[1]}),
+              (std::vector<GLfloat>{3.0f, 0.0f, rasterBefore[0], rasterBefore[1]}));
+    EXPECT_EQ((std::vector<GLint>{CVTestGetInt(GL_UNPACK_ALIGNMENT), CVTestGetInt(GL_UNPACK_ROW_LENGTH),
+                                  CVTestGetInt(GL_PACK_SKIP_ROWS)}),
+              (std::vector<GLint>{1, 7, 3}));
     EXPECT_EQ(glGetError(), (GLenum)GL_NO_ERROR);
 
     // The fill reached GL unscaled, unzoomed, unmasked and past the tests.

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/CString.h"
 #include "platform/CVRegistryFile.h"
 #include "platform/WinReg.h"
 #include "support/CVTestFiles.h"
@@ -13,60 +14,49 @@ std::wstring Text(const CVRegistryFile::Value& v) {
     return std::wstring(reinterpret_cast<const wchar_t*>(v.data.data()), v.data.size() / sizeof(wchar_t));
 }
 
-// "name=text" per value, strings shown without their terminating zero.
-std::vector<std::wstring> Describe(const CVRegistryFile::Key* key) {
+// "name=text" per value of key in the parsed text, strings without their zero.
+std::vector<std::wstring> Parse(const std::string& text, const wchar_t* key) {
+    cvtest::TempDir dir;
+    cvtest::WriteFile(dir / "r.reg", text);
+    const CVRegistryFile file(dir / "r.reg");
+    const CVRegistryFile::Key* k = file.FindKey(key);
+    if (!k) return {L"(no key)"};
     std::vector<std::wstring> out;
-    for (const auto& v : key->values) {
-        std::wstring text = Text(v);
-        if (v.type == REG_SZ && !text.empty()) text.pop_back();
-        out.push_back(v.name + L"=" + text);
+    for (const auto& v : k->values) {
+        std::wstring t = Text(v);
+        if (v.type == REG_SZ && !t.empty()) t.pop_back();
+        out.push_back(v.name + L"=" + t);
     }
     return out;
 }
 
-struct ParseCase {
-    const char* name;
-    const char* file;
-    const wchar_t* key;
-    std::vector<std::wstring> values;
-};
-void PrintTo(const ParseCase& c, std::ostream* os) { *os << c.name; }
-
-const ParseCase kParseCases[] = {
-    {"StringsDefaultAndEscapes",
-     "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\A]\r\n"
-     "@=\"root\"\r\n\"Path\"=\"C:\\\\Data\\\\\"\r\n\"Quote\" = \"say \\\"hi\\\"\"\r\n",
-     L"SOFTWARE\\A",
-     {L"=root", L"Path=C:\\Data\\", L"Quote=say \"hi\""}},
-    {"MalformedLinesAreSkipped",
-     "[HKEY_LOCAL_MACHINE\\K]\n\"Good\"=\"1\"\n\"Open\"=\"no end\nBare=x\n\"T\"=bogus:1\n"
-     "\"Esc\"=\"a\\qb\"\n\"Tail\"=\"x\" junk\n\"Last\"=\"2\"\n[HKEY_LOCAL_MACHINE\\Broken\n\"Stray\"=\"s\"\n",
-     L"K",
-     {L"Good=1", L"Last=2"}},
-    {"ValuesOutsideLocalMachineAreIgnored",
-     "\"Early\"=\"x\"\n[HKEY_CURRENT_USER\\K]\n\"User\"=\"u\"\n[HKEY_LOCAL_MACHINE\\K]\n\"Mine\"=\"m\"\n"
-     "[-HKEY_LOCAL_MACHINE\\K]\n\"Deleted\"=\"d\"\n",
-     L"K",
-     {L"Mine=m"}},
-    {"RepeatedNameReplacesInPlaceAndDashDeletes",
-     "[HKEY_LOCAL_MACHINE\\K]\n\"Path\"=\"1\"\n\"B\"=\"b\"\n\"C\"=\"c\"\n\"path\"=\"2\"\n\"B\"=-\n",
-     L"K",
-     {L"Path=2", L"C=c"}},
-};
-
-class CVRegistryFileParseTest : public ::testing::TestWithParam<ParseCase> {};
-
-TEST_P(CVRegistryFileParseTest, KeepsWellFormedValuesInFileOrder) {
-    cvtest::TempDir dir;
-    cvtest::WriteFile(dir / "r.reg", GetParam().file);
-    CVRegistryFile file(dir / "r.reg");
-    const CVRegistryFile::Key* key = file.FindKey(GetParam().key);
-    ASSERT_NE(key, nullptr);
-    EXPECT_EQ(Describe(key), GetParam().values);
+TEST(CVRegistryFileTest, KeepsWellFormedValuesInFileOrder) {
+    const struct {
+        const char* file;
+        const wchar_t* key;
+        std::vector<std::wstring> values;
+    } cases[] = {
+        {"Windows Registry Editor Version 5.00\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\A]\r\n"
+         "@=\"root\"\r\n\"Path\"=\"C:\\\\Data\\\\\"\r\n\"Quote\" = \"say \\\"hi\\\"\"\r\n",
+         L"SOFTWARE\\A",
+         {L"=root", L"Path=C:\\Data\\", L"Quote=say \"hi\""}},
+        // Malformed lines are skipped.
+        {"[HKEY_LOCAL_MACHINE\\K]\n\"Good\"=\"1\"\n\"Open\"=\"no end\nBare=x\n\"T\"=bogus:1\n"
+         "\"Esc\"=\"a\\qb\"\n\"Tail\"=\"x\" junk\n\"Last\"=\"2\"\n[HKEY_LOCAL_MACHINE\\Broken\n\"Stray\"=\"s\"\n",
+         L"K",
+         {L"Good=1", L"Last=2"}},
+        // Values outside local-machine keys, and of deleted keys, are ignored.
+        {"\"Early\"=\"x\"\n[HKEY_CURRENT_USER\\K]\n\"User\"=\"u\"\n[HKEY_LOCAL_MACHINE\\K]\n\"Mine\"=\"m\"\n"
+         "[-HKEY_LOCAL_MACHINE\\K]\n\"Deleted\"=\"d\"\n",
+         L"K",
+         {L"Mine=m"}},
+        // A repeated name replaces in place; "-" deletes.
+        {"[HKEY_LOCAL_MACHINE\\K]\n\"Path\"=\"1\"\n\"B\"=\"b\"\n\"C\"=\"c\"\n\"path\"=\"2\"\n\"B\"=-\n",
+         L"K",
+         {L"Path=2", L"C=c"}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Parse(c.file, c.key), c.values) << c.file;
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, CVRegistryFileParseTest, ::testing::ValuesIn(kParseCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST(CVRegistryFileTest, KeysCompareWithoutCaseAndImplyTheirAncestors) {
     cvtest::TempDir dir;
@@ -81,10 +71,9 @@ TEST(CVRegistryFileTest, KeysCompareWithoutCaseAndImplyTheirAncestors) {
 }
 
 TEST(CVRegistryFileTest, ReadsUTF16WithBOMAndTypedValues) {
-    std::string utf8 = "[HKEY_LOCAL_MACHINE\\K]\r\n\"Name\"=\"Gr\xC3\xBC\xC3\x9F \xF0\x9F\x98\x80\"\r\n"
-                       "\"N\"=dword:0000002a\r\n\"E\"=hex(2):41,00,\\\r\n  42,00,00,00\r\n";
-    std::wstring text = L"[HKEY_LOCAL_MACHINE\\K]\r\n\"Name\"=\"Gr\u00FC\u00DF \U0001F600\"\r\n"
-                        L"\"N\"=dword:0000002a\r\n\"E\"=hex(2):41,00,\\\r\n  42,00,00,00\r\n";
+    const std::wstring text = L"[HKEY_LOCAL_MACHINE\\K]\r\n\"Name\"=\"Gr\u00FC\u00DF \U0001F600\"\r\n"
+                              L"\"N\"=dword:0000002a\r\n\"E\"=hex(2):41,00,\\\r\n  42,00,00,00\r\n";
+    const std::string utf8 = CString(text.c_str()).ToUTF8();
     std::string utf16 = "\xFF\xFE";
     for (wchar_t c : text) {
         if (c > 0xFFFF) {  // surrogate pair
@@ -97,7 +86,7 @@ TEST(CVRegistryFileTest, ReadsUTF16WithBOMAndTypedValues) {
     cvtest::TempDir dir;
     for (const std::string& bytes : {utf8, "\xEF\xBB\xBF" + utf8, utf16}) {
         cvtest::WriteFile(dir / "r.reg", bytes);
-        CVRegistryFile file(dir / "r.reg");
+        const CVRegistryFile file(dir / "r.reg");
         const CVRegistryFile::Key* key = file.FindKey(L"K");
         ASSERT_NE(key, nullptr);
         ASSERT_EQ(key->values.size(), 3u);

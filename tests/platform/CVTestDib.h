@@ -60,12 +60,7 @@ struct CVTestDib {
         if (bpp == 8) return RGB(r[x], r[x], r[x]);
         return (r[x >> 3] >> (7 - (x & 7))) & 1 ? RGB(255, 255, 255) : RGB(0, 0, 0);
     }
-    void Fill(COLORREF c) {
-        HBRUSH b = CreateSolidBrush(c);
-        RECT rc{0, 0, width, height};
-        FillRect(hdc, &rc, b);
-        DeleteObject(b);
-    }
+    void Fill(COLORREF c) { Fill(0, 0, width, height, c); }
     void Fill(int l, int t, int r, int btm, COLORREF c) {
         HBRUSH b = CreateSolidBrush(c);
         RECT rc{l, t, r, btm};

@@ -40,6 +40,17 @@ struct CVTestGLDib : CVTestDib {
     }
 };
 
+inline void CVTestClear(float r, float g, float b) {
+    glClearColor(r, g, b, 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT);
+}
+
+inline GLint CVTestGetInt(GLenum name) {
+    GLint v = -1;
+    glGetIntegerv(name, &v);
+    return v;
+}
+
 // A quad over window rectangle [x0, x1) x [y0, y1) (GL rows), drawn with an
 // identity transform and no depth test.
 inline void CVTestDrawRect(int x0, int y0, int x1, int y1, int w, int h, float r, float g, float b) {

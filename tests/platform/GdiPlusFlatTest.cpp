@@ -1,173 +1,160 @@
+// GDI+ drawing into DIB sections of every format, and on a DIB that also has
+// an EGL context.
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "platform/CVTestDib.h"
+#include "platform/CVTestGLDib.h"
 #include "platform/GdiPlusFlat.h"
 
 namespace {
 
-const COLORREF kWhite = RGB(255, 255, 255);
-const COLORREF kBlack = RGB(0, 0, 0);
+const COLORREF kWhite = RGB(255, 255, 255), kBlack = RGB(0, 0, 0);
 const ARGB kOpaqueBlack = 0xFF000000;
 
-struct DibCase {
-    const char* name;
-    int bpp;
-    bool topDown;
-};
-void PrintTo(const DibCase& c, std::ostream* os) { *os << c.name; }
-
-// 32-bit DIBs are drawn in place, the others through a converted copy.
-const DibCase kDibCases[] = {
-    {"Bgra32BottomUp", 32, false}, {"Bgra32TopDown", 32, true}, {"Rgb565", 16, false}, {"Grey8", 8, true},
-    {"Mono1", 1, false},
-};
-
-class GdiPlusDrawTest : public ::testing::TestWithParam<DibCase> {
-protected:
-    void SetUp() override {
-        m_dib.Fill(kWhite);
-        ASSERT_EQ(GdipCreateFromHDC(m_dib.hdc, &m_graphics), Ok);
-        ASSERT_EQ(GdipCreatePen1(kOpaqueBlack, 1.0f, UnitPixel, &m_pen), Ok);
-        ASSERT_EQ(GdipCreateSolidFill(kOpaqueBlack, &m_brush), Ok);
+// A white 16 x 16 DIB with graphics, a one-pixel black pen and a black brush.
+struct Canvas {
+    explicit Canvas(int bpp = 32, bool topDown = false) : dib(16, 16, bpp, topDown) {
+        dib.Fill(kWhite);
+        EXPECT_EQ(GdipCreateFromHDC(dib.hdc, &g), Ok);
+        GdipCreatePen1(kOpaqueBlack, 1.0f, UnitPixel, &pen);
+        GdipCreateSolidFill(kOpaqueBlack, &brush);
     }
-    void TearDown() override {
-        GdipDeletePen(m_pen);
-        GdipDeleteBrush(m_brush);
-        GdipDeleteGraphics(m_graphics);
+    ~Canvas() {
+        GdipDeletePen(pen);
+        GdipDeleteBrush(brush);
+        GdipDeleteGraphics(g);
     }
     // "#" for black pixels, "." for white, row by row over [x0, x1) x [y0, y1).
     std::string Map(int x0, int y0, int x1, int y1) const {
         std::string s;
-        for (int y = y0; y < y1; ++y) {
-            for (int x = x0; x < x1; ++x) s += m_dib.At(x, y) == kBlack ? '#' : m_dib.At(x, y) == kWhite ? '.' : '?';
-            s += '\n';
-        }
+        for (int y = y0; y < y1; ++y, s += '\n')
+            for (int x = x0; x < x1; ++x) s += dib.At(x, y) == kBlack ? '#' : dib.At(x, y) == kWhite ? '.' : '?';
         return s;
     }
-
-    CVTestDib m_dib{16, 16, GetParam().bpp, GetParam().topDown};
-    GpGraphics* m_graphics = nullptr;
-    GpPen* m_pen = nullptr;
-    GpSolidFill* m_brush = nullptr;
-};
-
-TEST_P(GdiPlusDrawTest, FilledRectangleCoversWidthTimesHeight) {
-    ASSERT_EQ(GdipFillRectangleI(m_graphics, m_brush, 2, 3, 4, 2), Ok);
-    EXPECT_EQ(Map(1, 2, 7, 6), "......\n.####.\n.####.\n......\n");
-}
-
-TEST_P(GdiPlusDrawTest, OutlinedRectangleSpansOneMorePixel) {
-    ASSERT_EQ(GdipDrawRectangleI(m_graphics, m_pen, 2, 2, 3, 3), Ok);
-    EXPECT_EQ(Map(1, 1, 7, 7), "......\n.####.\n.#..#.\n.#..#.\n.####.\n......\n");
-}
-
-TEST_P(GdiPlusDrawTest, HorizontalLineCoversItsRow) {
-    ASSERT_EQ(GdipDrawLineI(m_graphics, m_pen, 2, 5, 6, 5), Ok);
-    EXPECT_EQ(Map(1, 4, 8, 7), ".......\n.####..\n.......\n");
-}
-
-TEST_P(GdiPlusDrawTest, PieAndArcFollowClockwiseAngles) {
-    // Quarter from 0 to 90 degrees: the lower right on screen.
-    ASSERT_EQ(GdipFillPieI(m_graphics, m_brush, 0, 0, 16, 16, 0, 90), Ok);
-    EXPECT_EQ(m_dib.At(11, 11), kBlack);
-    EXPECT_EQ(m_dib.At(4, 11), kWhite);
-    EXPECT_EQ(m_dib.At(11, 4), kWhite);
-    // Upper-left quarter of the rim only (flat caps end it at the axes).
-    ASSERT_EQ(GdipDrawArcI(m_graphics, m_pen, 0, 0, 16, 16, 180, 90), Ok);
-    EXPECT_EQ(m_dib.At(0, 6), kBlack);
-    EXPECT_EQ(m_dib.At(6, 0), kBlack);
-    EXPECT_EQ(m_dib.At(2, 2), kBlack);
-    EXPECT_EQ(m_dib.At(4, 4), kWhite);
-    EXPECT_EQ(m_dib.At(15, 3), kWhite);
-}
-
-INSTANTIATE_TEST_SUITE_P(Dibs, GdiPlusDrawTest, ::testing::ValuesIn(kDibCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-class GdiPlusGraphicsTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        m_dib.Fill(kWhite);
-        ASSERT_EQ(GdipCreateFromHDC(m_dib.hdc, &m_graphics), Ok);
-    }
-    void TearDown() override { GdipDeleteGraphics(m_graphics); }
-    GpStatus Fill(ARGB color, void (*draw)(GpGraphics*, GpBrush*)) {
-        GpSolidFill* brush = nullptr;
-        GdipCreateSolidFill(color, &brush);
-        draw(m_graphics, brush);
-        return GdipDeleteBrush(brush);
-    }
+    // Pixels neither black nor white.
     int Partial() const {
         int n = 0;
         for (int y = 0; y < 16; ++y)
-            for (int x = 0; x < 16; ++x) n += m_dib.At(x, y) != kWhite && m_dib.At(x, y) != kBlack;
+            for (int x = 0; x < 16; ++x) n += dib.At(x, y) != kWhite && dib.At(x, y) != kBlack;
         return n;
     }
-
-    CVTestDib m_dib{16, 16, 32};
-    GpGraphics* m_graphics = nullptr;
+    CVTestDib dib;
+    GpGraphics* g = nullptr;
+    GpPen* pen = nullptr;
+    GpSolidFill* brush = nullptr;
 };
 
-TEST_F(GdiPlusGraphicsTest, SmoothingBlendsEdgesOnlyWhenAntiAliased) {
-    auto ellipse = [](GpGraphics* g, GpBrush* b) { GdipFillEllipseI(g, b, 1, 1, 13, 13); };
-    Fill(kOpaqueBlack, ellipse);
-    EXPECT_EQ(Partial(), 0);
-    EXPECT_EQ(m_dib.At(7, 7), kBlack);
-    EXPECT_EQ(m_dib.At(1, 1), kWhite);
-    m_dib.Fill(kWhite);
-    ASSERT_EQ(GdipSetSmoothingMode(m_graphics, SmoothingModeAntiAlias), Ok);
+// 32-bit DIBs are drawn in place, the others through a converted copy.
+TEST(GdiPlusFlatTest, ShapesCoverTheirPixelsOnEveryDibFormat) {
+    const struct {
+        int bpp;
+        bool topDown;
+    } formats[] = {{32, false}, {32, true}, {16, false}, {8, true}, {1, false}};
+    for (const auto& f : formats) {
+        SCOPED_TRACE(testing::Message() << f.bpp << (f.topDown ? " bits top-down" : " bits"));
+        Canvas fill(f.bpp, f.topDown), outline(f.bpp, f.topDown), line(f.bpp, f.topDown), pie(f.bpp, f.topDown);
+        ASSERT_EQ(GdipFillRectangleI(fill.g, fill.brush, 2, 3, 4, 2), Ok);
+        EXPECT_EQ(fill.Map(1, 2, 7, 6), "......\n.####.\n.####.\n......\n");  // width x height
+        ASSERT_EQ(GdipDrawRectangleI(outline.g, outline.pen, 2, 2, 3, 3), Ok);
+        EXPECT_EQ(outline.Map(1, 1, 7, 7), "......\n.####.\n.#..#.\n.#..#.\n.####.\n......\n");  // one more
+        ASSERT_EQ(GdipDrawLineI(line.g, line.pen, 2, 5, 6, 5), Ok);
+        EXPECT_EQ(line.Map(1, 4, 8, 7), ".......\n.####..\n.......\n");
+        // Clockwise angles: a quarter from 0 to 90 degrees is the lower right on
+        // screen; the arc is the upper-left rim only (flat caps end it at the axes).
+        ASSERT_EQ(GdipFillPieI(pie.g, pie.brush, 0, 0, 16, 16, 0, 90), Ok);
+        ASSERT_EQ(GdipDrawArcI(pie.g, pie.pen, 0, 0, 16, 16, 180, 90), Ok);
+        const struct {
+            int x, y;
+            COLORREF c;
+        } probes[] = {{11, 11, kBlack}, {4, 11, kWhite}, {11, 4, kWhite}, {0, 6, kBlack},
+                      {6, 0, kBlack},   {2, 2, kBlack},  {4, 4, kWhite},  {15, 3, kWhite}};
+        for (const auto& p : probes) EXPECT_EQ(pie.dib.At(p.x, p.y), p.c) << p.x << "," << p.y;
+    }
+}
+
+TEST(GdiPlusFlatTest, SmoothingBlendsEdgesOnlyWhenAntiAliased) {
+    Canvas sharp, smooth;
+    ASSERT_EQ(GdipSetSmoothingMode(smooth.g, SmoothingModeAntiAlias), Ok);
     SmoothingMode mode;
-    GdipGetSmoothingMode(m_graphics, &mode);
+    GdipGetSmoothingMode(smooth.g, &mode);
     EXPECT_EQ(mode, SmoothingModeAntiAlias);
-    Fill(kOpaqueBlack, ellipse);
-    EXPECT_GT(Partial(), 8);
-    EXPECT_EQ(m_dib.At(7, 7), kBlack);
+    for (Canvas* c : {&sharp, &smooth}) {
+        GdipFillEllipseI(c->g, c->brush, 1, 1, 13, 13);
+        EXPECT_EQ(c->dib.At(7, 7), kBlack);
+        EXPECT_EQ(c->dib.At(1, 1), kWhite);
+    }
+    EXPECT_EQ(sharp.Partial(), 0);
+    EXPECT_GT(smooth.Partial(), 8);
 }
 
-TEST_F(GdiPlusGraphicsTest, TranslucentFillsBlendAndClearIsOpaque) {
-    Fill(0x80000000, [](GpGraphics* g, GpBrush* b) { GdipFillRectangleI(g, b, 0, 0, 4, 4); });
-    COLORREF c = m_dib.At(1, 1);
-    EXPECT_NEAR(GetRValue(c), 127, 1);
-    EXPECT_EQ(GetRValue(c), GetBValue(c));
-    ASSERT_EQ(GdipGraphicsClear(m_graphics, 0x00336699), Ok);
-    EXPECT_EQ(m_dib.At(15, 15), RGB(0x33, 0x66, 0x99));
-}
-
-TEST_F(GdiPlusGraphicsTest, FillModeDecidesSelfOverlaps) {
+TEST(GdiPlusFlatTest, TranslucentFillsBlendClearIsOpaqueAndFillModeDecidesOverlaps) {
+    Canvas c;
+    GpSolidFill* half = nullptr;
+    GdipCreateSolidFill(0x80000000, &half);
+    GdipFillRectangleI(c.g, half, 0, 0, 4, 4);
+    GdipDeleteBrush(half);
+    EXPECT_NEAR(GetRValue(c.dib.At(1, 1)), 127, 1);
+    EXPECT_EQ(GetRValue(c.dib.At(1, 1)), GetBValue(c.dib.At(1, 1)));
+    ASSERT_EQ(GdipGraphicsClear(c.g, 0x00336699), Ok);
+    EXPECT_EQ(c.dib.At(15, 15), RGB(0x33, 0x66, 0x99));
     // A pentagram: its centre is covered twice.
     const GpPoint star[] = {{8, 0}, {13, 15}, {0, 5}, {15, 5}, {3, 15}};
     for (GpFillMode mode : {FillModeAlternate, FillModeWinding}) {
-        m_dib.Fill(kWhite);
-        GpSolidFill* brush = nullptr;
-        GdipCreateSolidFill(kOpaqueBlack, &brush);
-        ASSERT_EQ(GdipFillPolygonI(m_graphics, brush, star, 5, mode), Ok);
-        GdipDeleteBrush(brush);
-        EXPECT_EQ(m_dib.At(8, 8), mode == FillModeWinding ? kBlack : kWhite);
-        EXPECT_EQ(m_dib.At(8, 2), kBlack);
+        c.dib.Fill(kWhite);
+        ASSERT_EQ(GdipFillPolygonI(c.g, c.brush, star, 5, mode), Ok);
+        EXPECT_EQ(c.dib.At(8, 8), mode == FillModeWinding ? kBlack : kWhite);
+        EXPECT_EQ(c.dib.At(8, 2), kBlack);
     }
 }
 
-TEST_F(GdiPlusGraphicsTest, BadArgumentsAndGoneDCsReportStatus) {
+TEST(GdiPlusFlatTest, BadArgumentsAndGoneDCsReportStatus) {
+    Canvas c;
     GpGraphics* g = nullptr;
     EXPECT_EQ(GdipCreateFromHDC(reinterpret_cast<HDC>(0x7FFFFFF0), &g), InvalidParameter);
     EXPECT_EQ(g, nullptr);
-    GpPen* pen = nullptr;
-    GdipCreatePen1(kOpaqueBlack, 0.25f, UnitWorld, &pen);
-    EXPECT_EQ(GdipDrawLineI(m_graphics, nullptr, 0, 0, 5, 5), InvalidParameter);
+    GpPen* thin = nullptr;
+    GdipCreatePen1(kOpaqueBlack, 0.25f, UnitWorld, &thin);
+    EXPECT_EQ(GdipDrawLineI(c.g, nullptr, 0, 0, 5, 5), InvalidParameter);
     const GpPoint one[] = {{1, 1}};
-    EXPECT_EQ(GdipDrawPolygonI(m_graphics, pen, one, 1), InvalidParameter);
-    EXPECT_EQ(GdipDrawLineI(m_graphics, pen, -20, -20, -10, -10), Ok);  // wholly outside: nothing
-    EXPECT_EQ(GdipDrawLineI(m_graphics, pen, 0, 3, 15, 3), Ok);          // thin pens still draw a pixel wide
-    EXPECT_EQ(m_dib.At(9, 3), kBlack);
-
+    EXPECT_EQ(GdipDrawPolygonI(c.g, thin, one, 1), InvalidParameter);
+    EXPECT_EQ(GdipDrawLineI(c.g, thin, -20, -20, -10, -10), Ok);  // wholly outside: nothing
+    EXPECT_EQ(GdipDrawLineI(c.g, thin, 0, 3, 15, 3), Ok);          // thin pens still draw a pixel wide
+    EXPECT_EQ(c.dib.At(9, 3), kBlack);
+    EXPECT_EQ(c.Partial(), 0);
     HDC other = CreateCompatibleDC(nullptr);
     GdipCreateFromHDC(other, &g);
     DeleteDC(other);
-    EXPECT_EQ(GdipDrawLineI(g, pen, 0, 0, 5, 5), Win32Error);
+    EXPECT_EQ(GdipDrawLineI(g, thin, 0, 0, 5, 5), Win32Error);
     GdipDeleteGraphics(g);
-    GdipDeletePen(pen);
+    GdipDeletePen(thin);
+}
+
+// GL's pixels and the drawing must end up in both the DIB and GL's colour buffer.
+TEST(GdiPlusFlatGLTest, DrawingKeepsDibAndColourBufferInStep) {
+    CVTestGLDib dib(32, 32, 32);
+    ASSERT_TRUE(dib.MakeCurrent());
+    CVTestClear(0, 1, 0);
+    GpGraphics* graphics = nullptr;
+    GpSolidFill* red = nullptr;
+    ASSERT_EQ(GdipCreateFromHDC(dib.hdc, &graphics), Ok);
+    GdipCreateSolidFill(0xFFFF0000, &red);
+    ASSERT_EQ(GdipFillRectangleI(graphics, red, 2, 2, 6, 6), Ok);
+    // GL's clear reached the DIB around the fill before it was drawn (the
+    // pixel next to it is in the rectangle sent back), and the fill went to GL.
+    EXPECT_EQ(dib.At(8, 8), RGB(0, 255, 0));
+    EXPECT_EQ(dib.At(4, 4), RGB(255, 0, 0));
+    EXPECT_EQ(wglGetCurrentContext(), dib.context);
+    EXPECT_EQ(dib.GLAt(4, 4), RGB(255, 0, 0));
+    EXPECT_EQ(dib.GLAt(20, 20), RGB(0, 255, 0));
+    // GL draws on top; the next frame read brings both into the DIB.
+    CVTestDrawRect(16, 0, 32, 8, 32, 32, 0, 0, 1);
+    ASSERT_TRUE(SwapBuffers(dib.hdc));
+    EXPECT_EQ(dib.At(20, 28), RGB(0, 0, 255));
+    EXPECT_EQ(dib.At(20, 20), RGB(0, 255, 0));
+    EXPECT_EQ(dib.At(4, 4), RGB(255, 0, 0));
+    GdipDeleteBrush(red);
+    GdipDeleteGraphics(graphics);
 }
 
 }  // namespace

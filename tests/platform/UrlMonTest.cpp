@@ -2,7 +2,6 @@
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -21,11 +20,13 @@ const char kBody[] = "\x89PNG pretend image bytes";
 
 // A one-thread HTTP server on 127.0.0.1 answering "/image.png" with kBody and
 // anything else with 404. It serves at most `requests` connections and gives
-// up after two seconds without one, so it always ends by itself.
+// up after two seconds without traffic, so it always ends by itself.
 class LoopbackServer {
 public:
     explicit LoopbackServer(int requests) {
         m_listen = socket(AF_INET, SOCK_STREAM, 0);
+        const timeval timeout{2, 0};  // bounds accept and read alike
+        setsockopt(m_listen, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof timeout);
         sockaddr_in addr{};
         addr.sin_family = AF_INET;
         addr.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -34,7 +35,24 @@ public:
             getsockname(m_listen, (sockaddr*)&addr, &len) != 0)
             return;
         m_port = ntohs(addr.sin_port);
-        m_thread = std::thread([this, requests] { Serve(requests); });
+        m_thread = std::thread([this, requests, timeout] {
+            for (int i = 0; i < requests; ++i) {
+                const int c = accept(m_listen, nullptr, nullptr);
+                if (c < 0) return;
+                setsockopt(c, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof timeout);
+                std::string request;
+                char buf[512];
+                for (ssize_t n; request.find("\r\n\r\n") == std::string::npos && (n = read(c, buf, sizeof buf)) > 0;)
+                    request.append(buf, n);
+                const bool hit = request.rfind("GET /image.png ", 0) == 0;
+                const std::string body = hit ? kBody : "missing";
+                const std::string reply = std::string(hit ? "HTTP/1.1 200 OK" : "HTTP/1.1 404 Not Found") +
+                                          "\r\nContent-Length: " + std::to_string(body.size()) +
+                                          "\r\nConnection: close\r\n\r\n" + body;
+                (void)!write(c, reply.data(), reply.size());
+                close(c);
+            }
+        });
     }
     ~LoopbackServer() {
         if (m_thread.joinable()) m_thread.join();
@@ -45,31 +63,6 @@ public:
     }
 
 private:
-    void Serve(int requests) {
-        for (int i = 0; i < requests; ++i) {
-            pollfd p{m_listen, POLLIN, 0};
-            if (poll(&p, 1, 2000) <= 0) return;
-            int c = accept(m_listen, nullptr, nullptr);
-            if (c < 0) return;
-            std::string request;
-            char buf[512];
-            while (request.find("\r\n\r\n") == std::string::npos) {
-                pollfd q{c, POLLIN, 0};
-                ssize_t n = poll(&q, 1, 2000) > 0 ? read(c, buf, sizeof buf) : 0;
-                if (n <= 0) break;
-                request.append(buf, n);
-            }
-            bool hit = request.rfind("GET /image.png ", 0) == 0;
-            std::string body = hit ? kBody : "missing";
-            std::string reply = std::string(hit ? "HTTP/1.1 200 OK" : "HTTP/1.1 404 Not Found") +
-                                "\r\nContent-Length: " + std::to_string(body.size()) +
-                                "\r\nConnection: close\r\n\r\n" + body;
-            ssize_t sent = write(c, reply.data(), reply.size());
-            (void)sent;
-            close(c);
-        }
-    }
-
     int m_listen = -1;
     int m_port = 0;
     std::thread m_thread;
@@ -100,7 +93,7 @@ protected:
 TEST_F(UrlMonTest, FileUrlIsCopiedIntoTheCacheUnderOneNamePerUrl) {
     cvtest::WriteFile(m_cache / "src/picture.png", kBody);
     ASSERT_EQ(Download(FileUrl(m_cache / "src/picture.png")), S_OK);
-    std::string first = Path();
+    const std::string first = Path();
     EXPECT_EQ(first.rfind(m_cache / "cvscene/", 0), 0u) << first;
     EXPECT_EQ(first.substr(first.size() - 12), "-picture.png");
     EXPECT_EQ(cvtest::ReadFile(first), kBody);
