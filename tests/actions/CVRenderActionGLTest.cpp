@@ -424,6 +424,8 @@ protected:
     cvtest::TempDir dir;
 };
 
+// The 2 x 2 pixels around the image's quadrant corner catch a placement
+// one pixel off in any direction.
 struct Probe {
     int x, y;
     uint32_t rgb;
@@ -441,15 +443,15 @@ TEST_F(CVRenderActionImageGLTest, ImageIsPlacedByFitStyle) {
         {"Stretch", 2, 1, 1, false, {{16, 16, kRed}, {48, 16, kGreen}, {16, 48, kBlue}, {48, 48, kYellow}}},
         {"Tile", 2, 2, 1, false, {{1, 1, kRed}, {6, 1, kGreen}, {9, 9, kRed}, {13, 2, kGreen}, {61, 62, kYellow}, {2, 60, kBlue}}},
         {"Tile13", 2, 13, 1, false, {{1, 1, kRed}, {13, 13, kYellow}, {57, 62, kBlue}}},
-        {"Centre", 2, 4, 1, false, {{29, 29, kRed}, {34, 29, kGreen}, {29, 34, kBlue}, {34, 34, kYellow}, {27, 27, kClear}, {36, 36, kClear}}},
-        {"TopCentre", 2, 5, 1, false, {{29, 1, kRed}, {29, 9, kClear}}},
-        {"BottomCentre", 2, 6, 1, false, {{29, 57, kRed}, {34, 62, kYellow}, {29, 55, kClear}}},
-        {"LeftMiddle", 2, 7, 1, false, {{1, 29, kRed}, {9, 29, kClear}}},
-        {"RightMiddle", 2, 8, 1, false, {{57, 29, kRed}, {55, 29, kClear}}},
-        {"TopLeft", 2, 9, 1, false, {{1, 1, kRed}, {6, 6, kYellow}, {9, 9, kClear}, {60, 60, kClear}}},
-        {"TopRight", 2, 10, 1, false, {{57, 1, kRed}, {62, 1, kGreen}, {55, 1, kClear}}},
-        {"BottomLeft", 2, 11, 1, false, {{1, 57, kRed}, {1, 62, kBlue}, {1, 55, kClear}}},
-        {"BottomRight", 2, 12, 1, false, {{62, 62, kYellow}, {57, 57, kRed}, {55, 55, kClear}}},
+        {"Centre", 2, 4, 1, false, {{29, 29, kRed}, {34, 29, kGreen}, {29, 34, kBlue}, {34, 34, kYellow}, {27, 27, kClear}, {36, 36, kClear}, {31, 31, kRed}, {32, 32, kYellow}}},
+        {"TopCentre", 2, 5, 1, false, {{29, 1, kRed}, {29, 9, kClear}, {31, 3, kRed}, {32, 4, kYellow}}},
+        {"BottomCentre", 2, 6, 1, false, {{29, 57, kRed}, {34, 62, kYellow}, {29, 55, kClear}, {31, 59, kRed}, {32, 60, kYellow}}},
+        {"LeftMiddle", 2, 7, 1, false, {{1, 29, kRed}, {9, 29, kClear}, {3, 31, kRed}, {4, 32, kYellow}}},
+        {"RightMiddle", 2, 8, 1, false, {{57, 29, kRed}, {55, 29, kClear}, {59, 31, kRed}, {60, 32, kYellow}}},
+        {"TopLeft", 2, 9, 1, false, {{1, 1, kRed}, {6, 6, kYellow}, {9, 9, kClear}, {60, 60, kClear}, {3, 3, kRed}, {4, 4, kYellow}}},
+        {"TopRight", 2, 10, 1, false, {{57, 1, kRed}, {62, 1, kGreen}, {55, 1, kClear}, {59, 3, kRed}, {60, 4, kYellow}}},
+        {"BottomLeft", 2, 11, 1, false, {{1, 57, kRed}, {1, 62, kBlue}, {1, 55, kClear}, {3, 59, kRed}, {4, 60, kYellow}}},
+        {"BottomRight", 2, 12, 1, false, {{62, 62, kYellow}, {57, 57, kRed}, {55, 55, kClear}, {59, 59, kRed}, {60, 60, kYellow}}},
         {"Offset", 2, 3, 1, false, {{5, 7, kRed}, {4, 7, kClear}, {12, 14, kYellow}, {13, 15, kClear}}},
         // Drawn size trunc((8 + 0.999) * 2) = 17.
         {"ScaledTopLeft", 2, 9, 2, false, {{1, 1, kRed}, {15, 1, kGreen}, {16, 16, kYellow}, {17, 17, kClear}}},
