@@ -38,13 +38,7 @@ bool NearZero(float v) { return std::fabs(v) <= 1e-7f; }
 CVBillboard::CVBillboard() { axisOfRotation.SetValue(0.0f, 1.0f, 0.0f); }
 
 void CVBillboard::Traverse(CVAction* action, const CArray<CVNode*, CVNode*>* path, int index) {
-    PushState(action);
-    action->PushModelView();
-    action->PreActOn(this);
-    DoTraverse(action, path, index);
-    action->PostActOn(this);
-    action->PopModelView();
-    PopState(action);
+    TraverseInModelView(action, path, index);
 }
 
 void CVBillboard::Render(CVState*, CVGLRenderArea*) {

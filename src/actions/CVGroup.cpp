@@ -15,6 +15,16 @@ void CVGroup::Traverse(CVAction* action, const CArray<CVNode*, CVNode*>* path, i
     PopState(action);
 }
 
+void CVGroup::TraverseInModelView(CVAction* action, const CArray<CVNode*, CVNode*>* path, int index) {
+    PushState(action);
+    action->PushModelView();
+    action->PreActOn(this);
+    DoTraverse(action, path, index);
+    action->PostActOn(this);
+    action->PopModelView();
+    PopState(action);
+}
+
 void CVGroup::PushState(CVAction* action) {
     action->PushState();
     CVState* state = action->GetState();

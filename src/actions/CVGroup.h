@@ -35,4 +35,7 @@ protected:
     // With a path: path[index + 1] only (nothing past the path's end).
     // Without: every child while the action's continue flag is set.
     virtual void DoTraverse(CVAction* action, const CArray<CVNode*, CVNode*>* path, int index);
+    // The group walk with PushModelView / PopModelView inside the state
+    // push, for groups that change the model-view matrix.
+    void TraverseInModelView(CVAction* action, const CArray<CVNode*, CVNode*>* path, int index);
 };

@@ -24,13 +24,7 @@ CVTransform::CVTransform() {
 }
 
 void CVTransform::Traverse(CVAction* action, const CArray<CVNode*, CVNode*>* path, int index) {
-    PushState(action);
-    action->PushModelView();
-    action->PreActOn(this);
-    DoTraverse(action, path, index);
-    action->PostActOn(this);
-    action->PopModelView();
-    PopState(action);
+    TraverseInModelView(action, path, index);
 }
 
 void CVTransform::Render(CVState*, CVGLRenderArea*) {

@@ -25,6 +25,16 @@ bool SizeAcceptable(int64_t width, int64_t height) {
     return width > 0 && height > 0 && width * height <= kMaxPixels;
 }
 
+// For decoders that must release their own state when allocation fails.
+bool AllocatePixels(std::vector<uint32_t>& pixels, size_t count) {
+    try {
+        pixels.assign(count, 0);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
 struct FileCloser {
     void operator()(FILE* f) const { fclose(f); }
 };
@@ -66,9 +76,7 @@ bool DecodePNG(const BYTE* data, size_t size, std::vector<uint32_t>& pixels, int
     }
     alpha = (image.format & PNG_FORMAT_FLAG_ALPHA) ? 1 : 0;
     image.format = PNG_FORMAT_BGRA;
-    try {
-        pixels.assign((size_t)image.width * image.height, 0);
-    } catch (const std::bad_alloc&) {
+    if (!AllocatePixels(pixels, (size_t)image.width * image.height)) {
         png_image_free(&image);
         return false;
     }
@@ -129,23 +137,6 @@ void JpegPrepare(jpeg_decompress_struct* cinfo, JpegErrorManager* err) {
     err->truncated = 0;
 }
 
-bool JpegReadSize(const BYTE* data, size_t size, int* width, int* height) {
-    jpeg_decompress_struct cinfo;
-    JpegErrorManager err;
-    JpegPrepare(&cinfo, &err);
-    if (setjmp(err.jump)) {
-        jpeg_destroy_decompress(&cinfo);
-        return false;
-    }
-    jpeg_create_decompress(&cinfo);
-    jpeg_mem_src(&cinfo, const_cast<BYTE*>(data), (unsigned long)size);
-    bool ok = jpeg_read_header(&cinfo, TRUE) == JPEG_HEADER_OK;
-    *width = (int)cinfo.image_width;
-    *height = (int)cinfo.image_height;
-    jpeg_destroy_decompress(&cinfo);
-    return ok;
-}
-
 void JpegConvertRow(const JSAMPLE* src, uint32_t* dst, int width, int components, int invertedCmyk) {
     for (int x = 0; x < width; ++x, src += components) {
         if (components == 1) {
@@ -165,8 +156,17 @@ void JpegConvertRow(const JSAMPLE* src, uint32_t* dst, int width, int components
     }
 }
 
-// Decodes into out, width x height pixels as found by JpegReadSize.
-bool JpegDecode(const BYTE* data, size_t size, uint32_t* out, int width, int height) {
+void JpegChooseOutputSpace(jpeg_decompress_struct* cinfo) {
+    switch (cinfo->jpeg_color_space) {
+    case JCS_GRAYSCALE: cinfo->out_color_space = JCS_GRAYSCALE; break;
+    case JCS_CMYK:
+    case JCS_YCCK: cinfo->out_color_space = JCS_CMYK; break;
+    default: cinfo->out_color_space = JCS_RGB; break;
+    }
+}
+
+// Reads the header once: size check, allocation and decoding follow it.
+bool DecodeJPEG(const BYTE* data, size_t size, std::vector<uint32_t>& pixels, int& width, int& height) {
     jpeg_decompress_struct cinfo;
     JpegErrorManager err;
     JpegPrepare(&cinfo, &err);
@@ -176,43 +176,32 @@ bool JpegDecode(const BYTE* data, size_t size, uint32_t* out, int width, int hei
     }
     jpeg_create_decompress(&cinfo);
     jpeg_mem_src(&cinfo, const_cast<BYTE*>(data), (unsigned long)size);
-    jpeg_read_header(&cinfo, TRUE);
-    switch (cinfo.jpeg_color_space) {
-    case JCS_GRAYSCALE: cinfo.out_color_space = JCS_GRAYSCALE; break;
-    case JCS_CMYK:
-    case JCS_YCCK: cinfo.out_color_space = JCS_CMYK; break;
-    default: cinfo.out_color_space = JCS_RGB; break;
+    if (jpeg_read_header(&cinfo, TRUE) != JPEG_HEADER_OK ||
+        !SizeAcceptable(cinfo.image_width, cinfo.image_height)) {
+        jpeg_destroy_decompress(&cinfo);
+        return false;
     }
+    JpegChooseOutputSpace(&cinfo);
     jpeg_start_decompress(&cinfo);
-    if ((int)cinfo.output_width != width || (int)cinfo.output_height != height) {
+    const int w = (int)cinfo.output_width, h = (int)cinfo.output_height;
+    if (!SizeAcceptable(w, h) || !AllocatePixels(pixels, (size_t)w * h)) {
         jpeg_destroy_decompress(&cinfo);
         return false;
     }
     JSAMPARRAY row = (*cinfo.mem->alloc_sarray)(reinterpret_cast<j_common_ptr>(&cinfo), JPOOL_IMAGE,
                                                 cinfo.output_width * cinfo.output_components, 1);
     // Files that carry the Adobe marker store CMYK inverted.
-    int inverted = cinfo.saw_Adobe_marker;
+    const int inverted = cinfo.saw_Adobe_marker;
     while (cinfo.output_scanline < cinfo.output_height) {
-        uint32_t* dst = out + (size_t)cinfo.output_scanline * width;
+        uint32_t* dst = pixels.data() + (size_t)cinfo.output_scanline * w;
         if (jpeg_read_scanlines(&cinfo, row, 1) != 1) break;
-        JpegConvertRow(row[0], dst, width, cinfo.output_components, inverted);
+        JpegConvertRow(row[0], dst, w, cinfo.output_components, inverted);
     }
-    bool complete = cinfo.output_scanline == cinfo.output_height;
+    const bool complete = cinfo.output_scanline == cinfo.output_height;
     if (complete) jpeg_finish_decompress(&cinfo);
-    bool ok = complete && !err.truncated;
+    const bool ok = complete && !err.truncated;
     jpeg_destroy_decompress(&cinfo);
-    return ok;
-}
-
-bool DecodeJPEG(const BYTE* data, size_t size, std::vector<uint32_t>& pixels, int& width, int& height) {
-    int w = 0, h = 0;
-    if (!JpegReadSize(data, size, &w, &h) || !SizeAcceptable(w, h)) return false;
-    try {
-        pixels.assign((size_t)w * h, 0);
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
-    if (!JpegDecode(data, size, pixels.data(), w, h)) return false;
+    if (!ok) return false;
     width = w;
     height = h;
     return true;
