@@ -4,7 +4,6 @@
 // Run: build/bench/bench_actions
 #include <benchmark/benchmark.h>
 
-#include <cstring>
 #include <string>
 
 #include "actions/CVGetBoundingBoxAction.h"
@@ -13,6 +12,7 @@
 #include "actions/CVShape.h"
 #include "actions/CVTransform.h"
 #include "geometry/CVGeometry.h"
+#include "image/CSimpleDIB.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVGLRenderArea.h"
 
@@ -59,32 +59,16 @@ struct Scene {
 // A memory DC with a 32-bit DIB section and a render area over it.
 struct Context {
     Context() {
-        BITMAPINFO info;
-        std::memset(&info, 0, sizeof(info));
-        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-        info.bmiHeader.biWidth = 64;
-        info.bmiHeader.biHeight = 64;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        info.bmiHeader.biCompression = BI_RGB;
-        dc = CreateCompatibleDC(nullptr);
-        void* bits = nullptr;
-        bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        old = SelectObject(dc, bitmap);
-        device = new CVBitmapDevice(dc);
+        dib.Create(64, 64, nullptr);
+        device = new CVBitmapDevice(dib.GetDC());
         area = new CVGLRenderArea(device);
         area->Ref();
     }
     ~Context() {
         area->Unref();
         delete device;
-        SelectObject(dc, old);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
     }
-    HDC dc;
-    HBITMAP bitmap;
-    HGDIOBJ old;
+    CSimpleDIB dib;
     CVBitmapDevice* device;
     CVGLRenderArea* area;
 };

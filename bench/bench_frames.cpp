@@ -35,28 +35,8 @@ std::map<std::string, double> g_reference;  // scene -> seconds per frame
 
 // A memory DC with a 32-bit DIB: the reference DC for the library, the
 // target of the raw program.
-struct Dib {
-    Dib(int w, int h) {
-        BITMAPINFO info;
-        std::memset(&info, 0, sizeof(info));
-        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-        info.bmiHeader.biWidth = w;
-        info.bmiHeader.biHeight = h;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        dc = CreateCompatibleDC(nullptr);
-        void* bits = nullptr;
-        bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        old = SelectObject(dc, bitmap);
-    }
-    ~Dib() {
-        SelectObject(dc, old);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-    }
-    HDC dc;
-    HBITMAP bitmap;
-    HGDIOBJ old;
+struct Dib : CSimpleDIB {
+    Dib(int w, int h) { Create(w, h, nullptr); }
 };
 
 void Colour(int i, float rgb[3]) {
@@ -119,7 +99,7 @@ CVGroup* LibraryScene(bool spheres) {
 void Library(benchmark::State& state, bool spheres) {
     CVGLRenderArea::SetInflateWorld(0);
     Dib ref(1, 1);
-    CVRenderToDIBAction action(ref.dc);
+    CVRenderToDIBAction action(ref.GetDC());
     action.SetViewport(0, 0, kWidth, kHeight);
     action.SetClearColor(1.0f, 1.0f, 1.0f, 1.0f);
     CVGroup* root = LibraryScene(spheres);
@@ -216,10 +196,10 @@ void Raw(benchmark::State& state, bool spheres, RawMode mode) {
     pfd.nVersion = 1;
     pfd.dwFlags = PFD_DRAW_TO_BITMAP | PFD_SUPPORT_OPENGL;
     pfd.cDepthBits = 32;
-    int format = ChoosePixelFormat(dib.dc, &pfd);
-    SetPixelFormat(dib.dc, format, &pfd);
-    HGLRC rc = wglCreateContext(dib.dc);
-    wglMakeCurrent(dib.dc, rc);
+    int format = ChoosePixelFormat(dib.GetDC(), &pfd);
+    SetPixelFormat(dib.GetDC(), format, &pfd);
+    HGLRC rc = wglCreateContext(dib.GetDC());
+    wglMakeCurrent(dib.GetDC(), rc);
 
     glViewport(0, 0, kWidth, kHeight);
     glMatrixMode(GL_PROJECTION);
@@ -288,7 +268,7 @@ void Raw(benchmark::State& state, bool spheres, RawMode mode) {
             glCallList(scene);
         }
         glFinish();
-        SwapBuffers(dib.dc);  // the frame into the DIB, as the library's action does
+        SwapBuffers(dib.GetDC());  // the frame into the DIB, as the library's action does
     });
     glDeleteLists(sphere, 3);
     wglMakeCurrent(nullptr, nullptr);

@@ -2,43 +2,11 @@
 // Usage: cvscene-gallery <output folder>
 #include <cstdio>
 #include <cmath>
-#include <cstring>
 #include <string>
 
 #include "cvscene.h"
 
 namespace {
-
-// A memory DC with a 32-bit DIB selected: the reference DC the off-screen
-// action copies its depth from.
-class ReferenceDC {
-public:
-    ReferenceDC() {
-        BITMAPINFO info;
-        std::memset(&info, 0, sizeof(info));
-        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-        info.bmiHeader.biWidth = 1;
-        info.bmiHeader.biHeight = 1;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        info.bmiHeader.biCompression = BI_RGB;
-        void* bits = nullptr;
-        m_hDC = CreateCompatibleDC(nullptr);
-        m_hBitmap = CreateDIBSection(m_hDC, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        m_hOld = SelectObject(m_hDC, m_hBitmap);
-    }
-    ~ReferenceDC() {
-        SelectObject(m_hDC, m_hOld);
-        DeleteObject(m_hBitmap);
-        DeleteDC(m_hDC);
-    }
-    HDC Get() const { return m_hDC; }
-
-private:
-    HDC m_hDC;
-    HBITMAP m_hBitmap;
-    HGDIOBJ m_hOld;
-};
 
 CVAppearance* Look(float r, float g, float b) {
     auto* material = new CVMaterial;
@@ -180,7 +148,10 @@ bool Render(HDC ref, CVGroup* root, const std::string& path, bool antialias) {
 
 int main(int argc, char** argv) {
     std::string out = argc > 1 ? argv[1] : "out";
-    ReferenceDC ref;
+    // A memory DC with a 32-bit DIB selected: the reference DC the
+    // off-screen action copies its depth from.
+    CSimpleDIB ref;
+    ref.Create(1, 1, nullptr);
     CVGroup* bars = BarChart();
     bars->Ref();
     CVGroup* sheet = ShapeSheet();
@@ -194,7 +165,7 @@ int main(int argc, char** argv) {
     int failures = 0;
     for (const auto& c : kCharts) {
         std::string path = out + "/" + c.file;
-        bool ok = Render(ref.Get(), c.root, path, c.antialias);
+        bool ok = Render(ref.GetDC(), c.root, path, c.antialias);
         std::printf("%s %s\n", ok ? "wrote" : "FAILED", path.c_str());
         failures += ok ? 0 : 1;
     }

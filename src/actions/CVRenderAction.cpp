@@ -1,5 +1,4 @@
 #include "actions/CVRenderAction.h"
-#include "render/CVAttribStack.h"
 
 #include <GL/gl.h>
 
@@ -10,11 +9,14 @@
 #include <cwchar>
 
 #include "core/CVNode.h"
+#include "image/CSimpleDIB.h"
 #include "image/CVSearchPaths.h"
 #include "nodes/CVLight.h"
 #include "platform/BaseTsd.h"
+#include "platform/CException.h"
 #include "platform/CVAccumBuffer.h"
 #include "platform/GdiPlusFlat.h"
+#include "render/CVAttribStack.h"
 #include "render/CVDeferredNodeInfo.h"
 #include "render/CVGLRenderArea.h"
 
@@ -43,40 +45,17 @@ COLORREF ToColorRef(const RGBAColorStruct& c) {
 // below 0 wraps rather than saturates.
 ARGB Component(float c) { return (ARGB)((int)(c * 255.0f) & 0xFF); }
 
-// A memory DC with a 32-bit DIB section of its own, for drawing many small
-// pieces off the GL side and handing them over in one blit (every GDI call
-// on the area's DC is a round trip to GL's colour buffer).
-class ScratchBitmap {
-public:
-    ScratchBitmap(int width, int height) {
-        BITMAPINFO info;
-        std::memset(&info, 0, sizeof(info));
-        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        info.bmiHeader.biCompression = BI_RGB;
-        void* bits = nullptr;
-        m_hBitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        m_hDC = CreateCompatibleDC(nullptr);
-        if (m_hBitmap && m_hDC) m_hOld = SelectObject(m_hDC, m_hBitmap);
+// Many small pieces are drawn into a 32-bit scratch section off the GL side
+// and handed over in one blit: every GDI call on the area's DC is a round
+// trip to GL's colour buffer. Null when the section cannot be made.
+HDC MakeScratch(CSimpleDIB& scratch, int width, int height) {
+    try {
+        scratch.Create(width, height, nullptr);
+    } catch (const CMemoryException&) {
+        return nullptr;
     }
-    ~ScratchBitmap() {
-        if (m_hOld) SelectObject(m_hDC, m_hOld);
-        if (m_hDC) DeleteDC(m_hDC);
-        if (m_hBitmap) DeleteObject(m_hBitmap);
-    }
-    ScratchBitmap(const ScratchBitmap&) = delete;
-    ScratchBitmap& operator=(const ScratchBitmap&) = delete;
-
-    HDC GetDC() const { return m_hOld ? m_hDC : nullptr; }
-
-private:
-    HBITMAP m_hBitmap = nullptr;
-    HDC m_hDC = nullptr;
-    HGDIOBJ m_hOld = nullptr;
-};
+    return scratch.GetDC();
+}
 
 // A name used as a path as it stands: UNC, "//" or drive-letter paths.
 bool IsFullPath(const CString& name) {
@@ -270,9 +249,10 @@ void CVRenderAction::PaintGradient(const RECT& rect) {
         cover = RECT{x, y + h - n, x + w, y + h + 2};
     const int cw = cover.right - cover.left, ch = cover.bottom - cover.top;
     if (cw <= 0 || ch <= 0) return;
-    ScratchBitmap scratch(cw, ch);
+    CSimpleDIB scratch;
+    HDC strips = MakeScratch(scratch, cw, ch);
     GpGraphics* graphics = nullptr;
-    if (!scratch.GetDC() || GdipCreateFromHDC(scratch.GetDC(), &graphics) != Ok) return;
+    if (!strips || GdipCreateFromHDC(strips, &graphics) != Ok) return;
     GpSolidFill* brush = nullptr;
     GdipCreateSolidFill(0xFF000000, &brush);
 
@@ -287,7 +267,7 @@ void CVRenderAction::PaintGradient(const RECT& rect) {
     }
     GdipDeleteBrush(brush);
     GdipDeleteGraphics(graphics);
-    BitBlt(m_pRenderArea->GetHdc(), cover.left, cover.top, cw, ch, scratch.GetDC(), 0, 0, SRCCOPY);
+    BitBlt(m_pRenderArea->GetHdc(), cover.left, cover.top, cw, ch, strips, 0, 0, SRCCOPY);
 }
 
 int CVRenderAction::PaintImage(const RECT& rect) {
@@ -330,8 +310,8 @@ int CVRenderAction::PaintImage(const RECT& rect) {
         // Positions are compared with w and h, not x + w and y + h.
         if (iw > 0 && ih > 0 && x < w && y < h) {
             const int cols = (w - x + iw - 1) / iw, rows = (h - y + ih - 1) / ih;
-            ScratchBitmap scratch(cols * iw, rows * ih);
-            if (HDC tiles = scratch.GetDC()) {
+            CSimpleDIB scratch;
+            if (HDC tiles = MakeScratch(scratch, cols * iw, rows * ih)) {
                 SetStretchBltMode(tiles, COLORONCOLOR);
                 for (int c = 0; c < cols; ++c)
                     for (int r = 0; r < rows; ++r)

@@ -73,13 +73,7 @@ TEST_F(CVBoxGLTest, NegativeSizeDrawsTheNegatedBoxAsLines) {
 // A texture red below t = 0.5 and green above: stretching t by the box's
 // height-to-width ratio turns a red sample green.
 TEST_F(CVBoxGLTest, TiledTextureStretchesTheSidesByHeightOverWidth) {
-    GLuint texture = 0;
-    glGenTextures(1, &texture);
-    glBindTexture(GL_TEXTURE_2D, texture);
-    const GLubyte texels[2][4] = {{255, 0, 0, 255}, {0, 255, 0, 255}};
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 1, 2, 0, GL_RGBA, GL_UNSIGNED_BYTE, texels);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    GLuint texture = cvtest::BindRedGreenTexture();
     auto* appearance = Make<CVAppearance>();
     auto* tiles = new CVTexture;
     appearance->texture.SetValue(tiles);

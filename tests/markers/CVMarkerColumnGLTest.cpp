@@ -37,13 +37,7 @@ TEST_F(CVMarkerColumnGLTest, SideWallsCarryTheirStoredNormals) {
 
 // A texture red below t = 0.5 and green above, on the flat hexagon's +z wall.
 TEST_F(CVMarkerColumnGLTest, TiledTextureStretchesTheSides) {
-    GLuint texture = 0;
-    glGenTextures(1, &texture);
-    glBindTexture(GL_TEXTURE_2D, texture);
-    const GLubyte texels[2][4] = {{255, 0, 0, 255}, {0, 255, 0, 255}};
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 1, 2, 0, GL_RGBA, GL_UNSIGNED_BYTE, texels);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    GLuint texture = cvtest::BindRedGreenTexture();
     auto* appearance = Make<CVAppearance>();
     auto* tiles = new CVTexture;
     tiles->SetTiled(1);

@@ -30,6 +30,19 @@
 
 namespace cvtest {
 
+// Binds a new 1 x 2 texture, red below t = 0.5 and green above, sampled
+// nearest; the caller deletes it.
+inline GLuint BindRedGreenTexture() {
+    GLuint texture = 0;
+    glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    const GLubyte texels[2][4] = {{255, 0, 0, 255}, {0, 255, 0, 255}};
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 1, 2, 0, GL_RGBA, GL_UNSIGNED_BYTE, texels);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    return texture;
+}
+
 // Renders each node in PreActOn with the action's state; with picking on the
 // state is the identification walk's.
 class GeometryAction : public CVGLAction {
