@@ -1,7 +1,7 @@
 // The framework's device-context wrapper.
 #include "platform/CDC.h"
 #include "platform/CPalette.h"
-#include "platform/CVTestDib.h"
+#include "support/CVTestDib.h"
 
 #include <gtest/gtest.h>
 

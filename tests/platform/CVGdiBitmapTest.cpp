@@ -1,7 +1,7 @@
 // Bitmaps and DIB sections: creation, memory layout, descriptions, deletion.
 #include "platform/WinGDI.h"
 #include "platform/WinGL.h"
-#include "platform/CVTestDib.h"
+#include "support/CVTestDib.h"
 
 #include <gtest/gtest.h>
 

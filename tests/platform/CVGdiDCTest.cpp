@@ -2,7 +2,7 @@
 // happens with handles that name nothing.
 #include "platform/WinGDI.h"
 #include "platform/WinGL.h"
-#include "platform/CVTestDib.h"
+#include "support/CVTestDib.h"
 
 #include <gtest/gtest.h>
 

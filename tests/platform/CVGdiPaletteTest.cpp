@@ -1,6 +1,6 @@
 // Logical palettes and their selection into DCs.
 #include "platform/WinGDI.h"
-#include "platform/CVTestDib.h"
+#include "support/CVTestDib.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Raster operations on real pixels, through the GDI calls that drive them.
 #include "platform/WinGDI.h"
-#include "platform/CVTestDib.h"
+#include "support/CVTestDib.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 // it: the shared pixel-format template plus PFD_DRAW_TO_BITMAP |
 // PFD_SUPPORT_GDI, 32 depth bits requested.
 #include "platform/WinGL.h"
-#include "platform/CVTestDib.h"
+#include "support/CVTestDib.h"
 
 #include <GL/gl.h>
 

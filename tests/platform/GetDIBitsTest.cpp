@@ -1,6 +1,6 @@
 // GetDIBits: header queries, conversions between depths, row ranges, failures.
 #include "platform/WinGDI.h"
-#include "platform/CVTestDib.h"
+#include "support/CVTestDib.h"
 
 #include <gtest/gtest.h>
 

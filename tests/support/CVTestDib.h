@@ -1,5 +1,5 @@
 #pragma once
-// A memory DC with a DIB section selected, for the platform suites. Pixels
+// A memory DC with a DIB section selected, for GDI and GL suites. Pixels
 // are read straight from the DIB's memory, independently of GetPixel.
 #include "platform/WinGDI.h"
 
