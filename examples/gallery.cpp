@@ -2,7 +2,9 @@
 // Usage: cvscene-gallery <output folder>
 #include <cstdio>
 #include <cmath>
+#include <cstring>
 #include <string>
+#include <vector>
 
 #include "cvscene.h"
 
@@ -140,7 +142,19 @@ bool Render(HDC ref, CVGroup* root, const std::string& path, bool antialias) {
     action.SetStartGradientColor(RGBAColorStruct{0.93f, 0.95f, 1.0f, 1.0f});
     action.SetEndGradientColor(RGBAColorStruct{0.55f, 0.65f, 0.85f, 1.0f});
     action.SetHeadlightOn(0);
+    // The first frame of a new area casts its drop shadows from the default
+    // direction: the light that casts them is found while the scene is
+    // walked. From the second frame on every frame must be the same.
+    if (!action.Apply(root) || !action.Apply(root)) return false;
+    const CSimpleDIB* dib = action.GetSimpleDIB();
+    const BYTE* bits = static_cast<const BYTE*>(dib->GetBits());
+    const size_t size = (size_t)dib->GetWidth() * dib->GetHeight() * dib->GetBitCount() / 8;
+    const std::vector<BYTE> frame(bits, bits + size);
     if (!action.Apply(root)) return false;
+    if (std::memcmp(frame.data(), dib->GetBits(), size) != 0) {
+        std::printf("%s: a frame drawn again differs from the one before\n", path.c_str());
+        return false;
+    }
     return action.SaveToDIBFile(CString(path.c_str())) != 0;
 }
 

@@ -3,11 +3,12 @@
 #include <GL/gl.h>
 
 #include "nodes/CVAppearance.h"
+#include "render/CVAttribStack.h"
 
 IMPLEMENT_DYNAMIC(CVLineBox, CVBox)
 
 void CVLineBox::Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearance) {
-    glPushAttrib(GL_LIGHTING_BIT | GL_POLYGON_BIT);
+    CVAttribStack::Push(GL_LIGHTING_BIT | GL_POLYGON_BIT);
     glDisable(GL_LIGHTING);
     glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
     if (appearance && IsVRMLCompliant() && appearance->GetMaterial()) {
@@ -15,5 +16,5 @@ void CVLineBox::Render(CVState* state, CVGLRenderArea* area, CVAppearance* appea
         glColor3f(c.r, c.g, c.b);
     }
     CVBox::Render(state, area, appearance);
-    glPopAttrib();
+    CVAttribStack::Pop();
 }

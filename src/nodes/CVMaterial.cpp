@@ -2,6 +2,7 @@
 
 #include <GL/gl.h>
 
+#include "platform/CVMesaQuirks.h"
 #include "render/CVCacheManager.h"
 
 IMPLEMENT_DYNAMIC(CVMaterial, CVNode)
@@ -58,7 +59,7 @@ void CVMaterial::Render(CVState*, CVGLRenderArea*) {
     const float ai = ambientIntensity.GetValue();
     *cache.ambientIntensity = ai;
     const GLfloat ambient[4] = {d.r * ai, d.g * ai, d.b * ai, alpha};
-    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT, ambient);
+    CVMesaQuirks::SetMaterialAmbient(GL_FRONT_AND_BACK, ambient);
 
     const RGBColorStruct& s = specularColor.GetValue();
     if (changed || Differs(s, *cache.specular)) {

@@ -2,6 +2,8 @@
 
 #include <GL/gl.h>
 
+#include "platform/CVMesaQuirks.h"
+
 IMPLEMENT_DYNAMIC(CVMaterialTwoSided, CVMaterial)
 
 CVMaterialTwoSided::CVMaterialTwoSided() {
@@ -16,6 +18,13 @@ void CVMaterialTwoSided::Render(CVState* state, CVGLRenderArea* area) {
 
     // Otherwise the current colour would overwrite the back diffuse again.
     glColorMaterial(GL_FRONT, GL_AMBIENT_AND_DIFFUSE);
+    if (CVMesaQuirks::Applies(CVMesaQuirk::TrackedAmbientIgnored)) {
+        // Tracking ambient again dropped the front ambient intensity.
+        const RGBColorStruct& fd = diffuseColor.GetValue();
+        const float fai = ambientIntensity.GetValue();
+        const GLfloat front[4] = {fd.r * fai, fd.g * fai, fd.b * fai, 1.0f - transparency.GetValue()};
+        CVMesaQuirks::SetMaterialAmbient(GL_FRONT, front);
+    }
     const float alpha = 1.0f - backTransparency.GetValue();
     const RGBColorStruct& d = backDiffuseColor.GetValue();
     const RGBColorStruct& s = backSpecularColor.GetValue();

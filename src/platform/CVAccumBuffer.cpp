@@ -11,7 +11,7 @@ void CVAccum(GLenum op, GLfloat value) {
     if (!ctx) return;
     GLint bits = 0;
     glGetIntegerv(GL_ACCUM_RED_BITS, &bits);
-    if (bits > 0 && !CVMesaQuirks::NativeAccumIsSRGB()) {
+    if (bits > 0 && !CVMesaQuirks::Applies(CVMesaQuirk::AccumThroughSRGB)) {
         glAccum(op, value);
         return;
     }

@@ -29,6 +29,8 @@ CVGLContext* CVGLContext::GetCurrent() { return CVGdiHandleTable::FindAs<CVGLCon
 
 uintptr_t CVGLContext::GetCurrentHandle() { return GetCurrent() ? t_hglrc : 0; }
 
+uintptr_t CVGLContext::GetBoundHandle() { return t_hglrc; }
+
 uintptr_t CVGLContext::GetCurrentDC() { return GetCurrent() ? t_hdc : 0; }
 
 void CVGLContext::ReleaseCurrent() {

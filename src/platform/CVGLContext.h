@@ -38,6 +38,10 @@ public:
     static uintptr_t GetCurrentHandle();
     static uintptr_t GetCurrentDC();
     static CVGLContext* GetCurrent();
+    // The handle this thread bound last, without the handle-table lookup:
+    // cheap enough for per-node paths. Valid because deleting a context that
+    // is current here releases it first.
+    static uintptr_t GetBoundHandle();
     // Current on some thread other than the calling one.
     int IsCurrentElsewhere() const;
 

@@ -1,14 +1,12 @@
 #pragma once
-// glPushAttrib/glPopAttrib as the library uses them, with one driver
-// workaround.
-//
-// Mesa 22.3 (llvmpipe, EGL and GLX): when a glPopAttrib of an inner
-// GL_ENABLE_BIT group runs after glPolygonMode was changed, the outer
-// glPopAttrib of GL_POLYGON_BIT no longer restores the polygon mode. A shape
-// that leaves line mode behind (a partially selected cylinder does so by
-// design) then turns every later shape into wire-frame although its group
-// popped the polygon attributes. Push records the polygon mode of groups
-// that save GL_POLYGON_BIT and Pop puts it back after glPopAttrib.
+// glPushAttrib/glPopAttrib as the library uses them, with the driver
+// workarounds that belong to the attribute stack (see CVMesaQuirks):
+// - PolygonModeLostAfterEnablePop: a push of GL_POLYGON_BIT records the
+//   polygon mode and the pop puts it back;
+// - LightEnablesSurviveEnablePop: a push of GL_ENABLE_BIT without
+//   GL_LIGHTING_BIT records which lights are on and the pop restores them;
+// - ColorMaterialStaleAfterLightingPop: a pop of GL_LIGHTING_BIT re-applies
+//   colour-material tracking to the restored material.
 //
 // Pushes and pops pair per GL context, as glPushAttrib's own stack does.
 #include <GL/gl.h>

@@ -2,13 +2,11 @@
 // Opening the primitive blocks of a cached display list so that the list can
 // also be replayed in GL_SELECT mode.
 //
-// Mesa 22.3 (Debian 12, llvmpipe): glCallList in GL_SELECT mode crashes inside
-// the driver when the list holds three or more glBegin/glEnd blocks of mixed
-// primitive types with nothing between them (the compiler merges them into one
-// vertex list; a triangle strip followed by two polygons is enough, which is
-// a cylinder). A state call outside glBegin/glEnd between the blocks keeps them
-// apart and the list safe. Every block of the cone and cylinder lists
-// is therefore opened here, which sets the block's first normal outside it.
+// The workaround of CVMesaQuirk::SelectListMixedBlocksCrash: a state call
+// outside glBegin/glEnd between blocks keeps the list compiler from merging
+// them, and the list is then safe in GL_SELECT mode. Every block of the cone
+// and cylinder lists is opened here, which sets the block's first normal
+// outside it (inside it where the driver has no such quirk).
 class CVSelectSafeList {
 public:
     // glNormal3f(nx, ny, nz) outside the block, then glBegin(mode). The caller

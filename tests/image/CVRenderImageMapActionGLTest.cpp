@@ -13,6 +13,7 @@
 #include "actions/CVShape.h"
 #include "geometry/CVGeometry.h"
 #include "image/CVRenderImageMapAction.h"
+#include "support/CVTestFiles.h"
 #include "render/CVGLRenderArea.h"
 #include "support/CVTestBitmap.h"
 
@@ -140,6 +141,9 @@ TEST_F(CVRenderImageMapActionGLTest, PixelsDecodeToTheIndexesDrawnAt32And16Bits)
         EXPECT_EQ(point->shadeModel, GL_FLAT);
         EXPECT_EQ(plain->draws + unindexed->draws, 0);
         EXPECT_EQ(action.GetState()->m_bRecordPath, 0);
+        const std::vector<BYTE> first = cvtest::DIBBytes(*action.GetDIB());
+        ASSERT_EQ(action.Apply(root), 1);
+        EXPECT_TRUE(first == cvtest::DIBBytes(*action.GetDIB())) << "the second frame differs from the first";
         const Code expected[2][2] = {{Code{1, 0, c.annotationIndex}, kWhite},
                                      {Code{0, c.pointOverlay, c.pointIndex}, Code{0, 0, c.secondIndex}}};
         for (int y = 0; y < 64; ++y)

@@ -97,6 +97,9 @@ TEST_F(CVRenderToDIBActionGLTest, RenderedFrameSavesAsPNGAndBMPPixelForPixel) {
     action.SetClearColor(0.0f, 0.0f, 1.0f, 1.0f);
     CVGroup* root = Scene();
     ASSERT_EQ(action.Apply(root), 1);
+    const std::vector<BYTE> first = cvtest::DIBBytes(*action.GetSimpleDIB());
+    ASSERT_EQ(action.Apply(root), 1);
+    EXPECT_TRUE(first == cvtest::DIBBytes(*action.GetSimpleDIB())) << "the second frame differs from the first";
     root->Unref();
 
     CSimpleDIB* dib = action.GetSimpleDIB();

@@ -28,8 +28,11 @@ TEST_F(CVMaterialTwoSidedGLTest, BackFacesGetTheirOwnValuesEveryTime) {
     glMaterialfv(GL_BACK, GL_SPECULAR, grey.data());
     glMaterialfv(GL_BACK, GL_EMISSION, grey.data());
     material.Render(nullptr, area);  // back values are resent
+    // Tracking narrows to the diffuse colour (CVMesaQuirk::TrackedAmbientIgnored)
+    // so that the front keeps its ambient intensity (default 0.8).
     EXPECT_EQ(GetInt(GL_COLOR_MATERIAL_FACE), GL_FRONT);
-    EXPECT_EQ(GetInt(GL_COLOR_MATERIAL_PARAMETER), GL_AMBIENT_AND_DIFFUSE);
+    EXPECT_EQ(GetInt(GL_COLOR_MATERIAL_PARAMETER), GL_DIFFUSE);
+    EXPECT_EQ(GetMaterial(GL_FRONT, GL_AMBIENT), (Rgba{0.8f, 0.0f, 0.0f, 1.0f}));
     EXPECT_EQ(GetMaterial(GL_BACK, GL_DIFFUSE), (Rgba{0.0f, 0.5f, 1.0f, 0.75f}));
     EXPECT_EQ(GetMaterial(GL_BACK, GL_AMBIENT), (Rgba{0.0f, 0.25f, 0.5f, 0.75f}));
     EXPECT_EQ(GetMaterial(GL_BACK, GL_SPECULAR), (Rgba{0.25f, 0.25f, 0.25f, 0.75f}));

@@ -101,13 +101,17 @@ protected:
         m->m_fAmbientIntensity = m->m_fShininess = m->m_fTransparency = -1.0f;
     }
 
-    // One frame on black, swapped into the bitmap. The headlight is on so
-    // that the deferred passes, which light everything, show pure colours
-    // as the unlit scene pass does.
+    // One frame on black, swapped into the bitmap, drawn twice: the second
+    // must equal the first, since state that leaks from frame to frame is a
+    // real class of bug. The headlight is on so that the deferred passes,
+    // which light everything, show pure colours as the unlit scene pass does.
     void DrawFrame(CVNode* root) {
         CVRenderAction action(area);
         action.SetHeadlightOn(1);
         action.Apply(root);
+        const std::vector<uint32_t> first = bitmap.Pixels();
+        action.Apply(root);
+        EXPECT_TRUE(first == bitmap.Pixels()) << "the second frame differs from the first";
     }
     // A pixel of the last frame (y up) as 0xRRGGBB.
     uint32_t Pixel(int x, int y) const { return bitmap.Pixel(x, y); }

@@ -24,25 +24,6 @@ struct Context {
     CVGLRenderArea* area;
 };
 
-// The sequence of a group holding a geometry that leaves line mode behind
-// inside its own enable-bit bracket.
-TEST(CVAttribStackGLTest, PolygonModeComesBackAfterAnInnerEnablePop) {
-    Context context;
-    CVAttribStack::Push(GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_POLYGON_BIT);
-    CVAttribStack::Push(GL_ENABLE_BIT);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
-    CVAttribStack::Pop();
-    EXPECT_EQ(FrontMode(), GL_LINE);
-    CVAttribStack::Pop();
-    EXPECT_EQ(FrontMode(), GL_FILL);
-
-    // Groups without polygon bits leave the mode alone.
-    CVAttribStack::Push(GL_ENABLE_BIT);
-    glPolygonMode(GL_FRONT, GL_POINT);
-    CVAttribStack::Pop();
-    EXPECT_EQ(FrontMode(), GL_POINT);
-}
-
 TEST(CVAttribStackGLTest, EachContextKeepsItsOwnStack) {
     Context context, other;
     context.area->MakeCurrent();

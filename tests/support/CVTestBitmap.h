@@ -3,6 +3,7 @@
 // target every GL test renders into, plus pixel access in RGB terms.
 #include <cstdint>
 #include <cstring>
+#include <vector>
 
 #include "support/CVTestDib.h"
 
@@ -27,6 +28,14 @@ public:
         }
         const BYTE* p = row + x * 4;
         return ((uint32_t)p[2] << 16) | ((uint32_t)p[1] << 8) | p[0];
+    }
+
+    // Every pixel, row by row from the bottom, for whole-frame comparisons.
+    std::vector<uint32_t> Pixels() const {
+        std::vector<uint32_t> all;
+        for (int y = 0; y < GetHeight(); ++y)
+            for (int x = 0; x < GetWidth(); ++x) all.push_back(Pixel(x, y));
+        return all;
     }
 
 private:

@@ -5,6 +5,9 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
+
+#include "image/CSimpleDIB.h"
 
 namespace cvtest {
 
@@ -62,5 +65,12 @@ private:
     std::string m_name, m_old;
     bool m_hadOld = false;
 };
+
+// A DIB's pixel bytes, rows padded as stored, for whole-frame comparisons.
+inline std::vector<BYTE> DIBBytes(const CSimpleDIB& dib) {
+    const size_t row = ((size_t)dib.GetWidth() * dib.GetBitCount() + 31) / 32 * 4;
+    const BYTE* bits = static_cast<const BYTE*>(dib.GetBits());
+    return std::vector<BYTE>(bits, bits + row * dib.GetHeight());
+}
 
 }  // namespace cvtest
