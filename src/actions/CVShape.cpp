@@ -97,11 +97,12 @@ void CVShape::Render(CVState* state, CVGLRenderArea* area) {
         if (filter == 1 && textLike) return;
     }
 
-    if (pass == kScenePass) {
+    // The polygon-mode query is asked only by shapes that cast a shadow or
+    // may be deferred: most shapes need neither.
+    const bool shadow = area->IsDropShadowsEnabled() && g->IsDataPointNode();
+    if (pass == kScenePass && (shadow || g->NeedsSorting())) {
         const GLint polygonMode = FrontPolygonMode();
-        if (area->IsDropShadowsEnabled() && g->IsDataPointNode() && polygonMode != GL_LINE &&
-            !g->IsLineGeometry())
-            DrawDropShadow(state, area, g);
+        if (shadow && polygonMode != GL_LINE && !g->IsLineGeometry()) DrawDropShadow(state, area, g);
         const int kind = DeferKind(g, area, polygonMode);
         if (kind >= 0) {
             area->AddToTransparentNodeList(this, state, kind);
