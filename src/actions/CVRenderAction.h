@@ -7,18 +7,8 @@
 //   finally glFinish and SwapBuffers when asked.
 //
 // Background. A window is cleared with glClear. A bitmap is never cleared
-// with GL: its background is painted with GDI on the area's DC, by fill
-// style: 1 a stepped gradient of two-pixel strips, 2 to 4 an image (only
-// while texturing is enabled on the area; 3 and 4, and images with alpha, are
-// ANDed with the clear colour), anything else the clear colour. An image that
-// cannot be loaded, has a zero side, or an empty name falls back to the
-// clear colour.
-//
-// Images are named by file (resolved with CVGetURLTextureSearchPath unless
-// the name is a UNC, "//" or drive path) and loaded once per name. A host can
-// hand over a bitmap instead with the name "HBITMAP:" followed by the
-// handle's decimal value, HandleToLong(hbm) from platform/BaseTsd.h; the
-// action then owns the bitmap and deletes it.
+// with GL: its background is painted with GDI on the area's DC by the
+// action's CVBackgroundPainter (fill styles, images, gradients: see there).
 //
 // Scene antialiasing (the area's setting) draws three jittered passes into
 // the accumulation buffer (CVAccum), returns their average and draws a final
@@ -27,6 +17,7 @@
 //
 // Hazard: a headlight that is on becomes the area's light node; the action
 // withdraws it from the area when it is destroyed.
+#include "actions/CVBackgroundPainter.h"
 #include "actions/CVGLAction.h"
 #include "math/CVStructs.h"
 #include "math/CVViewport.h"
@@ -40,7 +31,6 @@ public:
     // Both take the area's viewport as the action's.
     explicit CVRenderAction(CVGLDevice* device);
     explicit CVRenderAction(CVGLRenderArea* area);
-    // Deletes the background bitmap.
     ~CVRenderAction() override;
 
     // Apply(root, 1).
@@ -106,31 +96,15 @@ protected:
     CVDirectionalLight m_Headlight;
     RGBAColorStruct m_ClearColor;
     CVViewport m_Viewport;
-    int m_nFillStyle;
-    CString m_strImageFilename;
-    CString m_strLoadedImageName;  // the name m_hBackgroundBitmap was loaded from
-    int m_nImageFitStyle;
-    int m_nImageOffsetX;
-    int m_nImageOffsetY;
-    int m_nImageWidth;
-    int m_nImageHeight;
-    float m_fImageScale;
-    int m_bImageHasAlpha;
-    HBITMAP m_hBackgroundBitmap;  // owned
-    int m_nGradientType;
-    RGBAColorStruct m_StartGradientColor;
-    RGBAColorStruct m_EndGradientColor;
+    CVBackgroundPainter m_Background;
 
 private:
     void PaintBackground();
-    void PaintGradient(const RECT& rect);
-    // 0 when there is no image to draw.
-    int PaintImage(const RECT& rect);
     void RunPass(CVNode* root);
     // Shared bracket of both deferred-list replays: the pass, the area's
     // projection, lighting and the shadow light; and per record its
     // captured matrices inside an attribute push that the caller pops.
-    void BeginReplay(int pass);
+    void BeginReplay(CVRenderPass pass);
     void BeginRecord(const double* projection, const float* modelview);
     void EndReplay();
 };

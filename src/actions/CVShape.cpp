@@ -7,14 +7,13 @@
 #include <cstring>
 
 #include "actions/CVState.h"
+#include "render/CVDeferredNodeInfo.h"
 #include "render/CVGLRenderArea.h"
 
 IMPLEMENT_DYNAMIC(CVShape, CVChild)
 
 namespace {
 
-enum RenderPass { kScenePass = 1, kAnnotationPass = 3 };
-enum DeferKind { kSortedOpaque = 0, kTransparent = 1, kText = 2 };
 
 // Text is recognised by class name, as line sets are (CVGeometry::IsLineGeometry):
 // the text node lives above this layer.
@@ -35,11 +34,11 @@ int DeferKind(const CVGeometry* g, const CVGLRenderArea* area, GLint polygonMode
     if (!g->NeedsSorting()) return -1;
     if (g->IsAntialiased() && area->IsLineAntialiasingEnabled() &&
         (polygonMode == GL_LINE || g->IsLineGeometry()))
-        return kTransparent;
+        return CVDeferTransparent;
     if (polygonMode != GL_FILL) return -1;
-    if ((g->IsTransparent() && area->IsTransparencyEnabled()) || g->IsDropShadowed()) return kTransparent;
-    if (g->IsAntialiased() && IsText(g)) return kText;
-    if (g->IsForceSorted()) return kSortedOpaque;
+    if ((g->IsTransparent() && area->IsTransparencyEnabled()) || g->IsDropShadowed()) return CVDeferTransparent;
+    if (g->IsAntialiased() && IsText(g)) return CVDeferText;
+    if (g->IsForceSorted()) return CVDeferSortedOpaque;
     return -1;
 }
 
@@ -91,7 +90,7 @@ void CVShape::Render(CVState* state, CVGLRenderArea* area) {
 
     const int pass = state->m_nRenderPass;
     const int filter = area->GetTextFilterMode();
-    if (filter > 0 && (pass == kScenePass || pass == kAnnotationPass)) {
+    if (filter > 0 && (pass == CVRenderPassScene || pass == CVRenderPassAnnotation)) {
         const bool textLike = IsText(g) || g->IsPostJitter();
         if (filter == 2 && !textLike) return;
         if (filter == 1 && textLike) return;
@@ -100,7 +99,7 @@ void CVShape::Render(CVState* state, CVGLRenderArea* area) {
     // The polygon-mode query is asked only by shapes that cast a shadow or
     // may be deferred: most shapes need neither.
     const bool shadow = area->IsDropShadowsEnabled() && g->IsDataPointNode();
-    if (pass == kScenePass && (shadow || g->NeedsSorting())) {
+    if (pass == CVRenderPassScene && (shadow || g->NeedsSorting())) {
         const GLint polygonMode = FrontPolygonMode();
         if (shadow && polygonMode != GL_LINE && !g->IsLineGeometry()) DrawDropShadow(state, area, g);
         const int kind = DeferKind(g, area, polygonMode);

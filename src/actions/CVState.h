@@ -5,6 +5,14 @@
 #include "core/CVBase.h"
 #include "core/CVNode.h"
 
+// The render pass a frame is in, in CVState::m_nRenderPass.
+enum CVRenderPass {
+    CVRenderPassIdle = 0,         // between frames
+    CVRenderPassScene = 1,        // the walk of the scene
+    CVRenderPassTransparent = 2,  // the transparent list replayed
+    CVRenderPassAnnotation = 3,   // the annotation list replayed
+};
+
 class CVState : public CVBase {
     DECLARE_DYNAMIC(CVState)
 public:
@@ -20,6 +28,5 @@ public:
     // Set by the pick, image-map and search actions: groups record themselves
     // in path 0, and geometry draws bare (no lights, textures or cameras).
     int m_bRecordPath = 0;
-    // 1 scene, 2 transparent list, 3 annotation list, 0 idle.
-    int m_nRenderPass = 0;
+    int m_nRenderPass = CVRenderPassIdle;  // a CVRenderPass
 };

@@ -8,16 +8,10 @@
 
 IMPLEMENT_DYNAMIC(CVDepthBuffer, CVGroup)
 
-namespace {
-
-const int kScenePass = 1;
-
-}  // namespace
-
 CVDepthBuffer::CVDepthBuffer(CVDepthBufferWhen when) : m_eWhen(when) {}
 
 void CVDepthBuffer::Traverse(CVAction* action, const CArray<CVNode*, CVNode*>* path, int index) {
-    if (deferAsAnnotation.GetValue() && action->GetState()->m_nRenderPass == kScenePass) {
+    if (deferAsAnnotation.GetValue() && action->GetState()->m_nRenderPass == CVRenderPassScene) {
         // PreActOn's Render records the group; no state push, no children.
         action->PreActOn(this);
         return;
@@ -26,7 +20,7 @@ void CVDepthBuffer::Traverse(CVAction* action, const CArray<CVNode*, CVNode*>* p
 }
 
 void CVDepthBuffer::Render(CVState* state, CVGLRenderArea* area) {
-    if (deferAsAnnotation.GetValue() && state && state->m_nRenderPass == kScenePass) {
+    if (deferAsAnnotation.GetValue() && state && state->m_nRenderPass == CVRenderPassScene) {
         if (area) area->AddToAnnotationNodeList(this, state);
         return;
     }

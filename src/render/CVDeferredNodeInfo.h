@@ -5,6 +5,13 @@
 
 class CVNode;
 
+// Why a shape went on the transparent list; the replay draws each kind its way.
+enum CVDeferKind {
+    CVDeferSortedOpaque = 0,  // opaque, only sorted with the transparent ones
+    CVDeferTransparent = 1,   // transparent, antialiased lines or drop-shadowed
+    CVDeferText = 2,          // antialiased text: depth from a unit box, drawn as it is
+};
+
 struct TranspNodeInfoStruct {
     CVNode* node;
     double projectionMatrix[16];  // GL_PROJECTION_MATRIX at deferral
@@ -18,7 +25,7 @@ struct TranspNodeInfoStruct {
     int numClipPlanes;            // how many of clip planes 0-5 were enabled
     BYTE lightingEnabled;
     BYTE twoSidedLighting;
-    int type;                     // 0 opaque sorted, 1 transparent/lines/shadows, 2 text
+    int type;                     // a CVDeferKind
 };
 
 struct AnnotateNodeInfoStruct {

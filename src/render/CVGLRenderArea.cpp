@@ -315,7 +315,7 @@ void CVGLRenderArea::AddToTransparentNodeList(CVNode* node, CVState* state, int 
     glGetFloatv(GL_MODELVIEW_MATRIX, info->modelviewMatrix);
     info->type = type;
     CVBox3f box;
-    if (type == 2) {
+    if (type == CVDeferText) {
         box.SetSize(1.0f, 1.0f, 1.0f);
         box.SetCenter(0.0f, 0.0f, 0.0f);
     } else {

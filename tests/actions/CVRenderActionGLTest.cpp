@@ -109,7 +109,7 @@ public:
 class ProbeAction : public CVRenderAction {
 public:
     using CVRenderAction::CVRenderAction;
-    HBITMAP Background() const { return m_hBackgroundBitmap; }
+    HBITMAP Background() const { return m_Background.GetBitmap(); }
     int ClearDepth() const { return m_bClearDepthBeforeRender; }
     void CloneFrom(const CVRenderAction* other) { Clone(other); }
 };
