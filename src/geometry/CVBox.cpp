@@ -29,13 +29,36 @@ const GLfloat kTexCoords[24][2] = {
 enum { kFront = 2 };
 
 // One GL_QUADS block over faces first .. end - 1, each after its normal.
+// Immediate mode, not an array draw: the driver draws the block together with
+// immediate geometry that follows before the next state change (the partial
+// selection overlay when stippling is already on, as in the drop shadow), and
+// drawing it apart changes which of two coplanar surfaces wins a pixel (a
+// flat box and its overlay). Direct calls, not glArrayElement, which walks
+// the enabled arrays for every vertex.
 void DrawFaces(int first, int end) {
     glBegin(GL_QUADS);
     for (int face = first; face < end; ++face) {
         glNormal3fv(kNormals[face]);
-        for (int v = 0; v < 4; ++v) glArrayElement(face * 4 + v);
+        for (int v = face * 4; v < face * 4 + 4; ++v) {
+            glTexCoord2fv(kTexCoords[v]);
+            glVertex3fv(kVertices[v]);
+        }
     }
     glEnd();
+}
+
+// The same vertices from the client arrays (and texture coordinates with
+// texCoords), client state restored afterwards.
+void DrawArrays(GLenum mode, int first, int count, bool texCoords) {
+    glEnableClientState(GL_VERTEX_ARRAY);
+    glVertexPointer(3, GL_FLOAT, 0, kVertices);
+    if (texCoords) {
+        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+        glTexCoordPointer(2, GL_FLOAT, 0, kTexCoords);
+    }
+    glDrawArrays(mode, first, count);
+    if (texCoords) glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    glDisableClientState(GL_VERTEX_ARRAY);
 }
 
 GLint FrontPolygonMode() {
@@ -61,37 +84,30 @@ void CVBox::Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearanc
     } else {
         glScalef(s.x, s.y, s.z);
     }
-    glEnableClientState(GL_VERTEX_ARRAY);
-    glVertexPointer(3, GL_FLOAT, 0, kVertices);
-
+    const int first = flat ? kFront : 0;
     if (IsPicking(state)) {
-        const int first = flat ? kFront : 0;
-        glDrawArrays(GL_QUADS, first * 4, (faceEnd - first) * 4);
+        DrawArrays(GL_QUADS, first * 4, (faceEnd - first) * 4, false);
     } else {
-        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-        glTexCoordPointer(2, GL_FLOAT, 0, kTexCoords);
         PreRenderGL(state, area, appearance);
         glEdgeFlag(GL_TRUE);
-        if (!flat) DrawFaces(0, 2);
         if (tiled) {
+            if (!flat) DrawFaces(0, kFront);
             glMatrixMode(GL_TEXTURE);
             glPushMatrix();
             glScalef(1.0f, s.y / s.x, 1.0f);
             glMatrixMode(GL_MODELVIEW);
-        }
-        DrawFaces(kFront, faceEnd);
-        if (tiled) {
+            DrawFaces(kFront, faceEnd);
             glMatrixMode(GL_TEXTURE);
             glPopMatrix();
             glMatrixMode(GL_MODELVIEW);
+        } else {
+            DrawFaces(first, faceEnd);
         }
-        if (flat && FrontPolygonMode() == GL_LINE) glDrawArrays(GL_POINTS, kFront * 4, 4);
+        if (flat && FrontPolygonMode() == GL_LINE) DrawArrays(GL_POINTS, kFront * 4, 4, true);
         if (IsStippled() && IsPartialSelection() && GetStipplePercent() != 0 && area)
             RenderPartialSelection(GetStipplePercent() * 0.01f, flat ? 1 : 4, area->GetSelectionColor());
         PostRenderGL(state, area, appearance);
-        glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     }
-    glDisableClientState(GL_VERTEX_ARRAY);
     glPopMatrix();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // A box of full size `size` centred on the origin, drawn from a static unit
-// cube through client vertex arrays (nothing allocated, nothing cached).
+// cube in immediate mode, through client vertex arrays while picking (nothing
+// allocated, nothing cached).
 //
 // - A negative size.x draws the box of the negated size as lines; the polygon
 //   mode is left at GL_LINE afterwards.

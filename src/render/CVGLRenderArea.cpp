@@ -2,9 +2,11 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 #include "actions/CVState.h"
@@ -69,7 +71,7 @@ CVGLRenderArea::~CVGLRenderArea() {
     wglMakeCurrent(m_hDC, nullptr);
     if (m_hRC) wglDeleteContext(m_hRC);
     // Records still listed belong to an unfinished frame; only the arrays go.
-    m_TranspNodeList.RemoveAll();
+    m_TranspNodeList.clear();
     m_AnnotateNodeList.RemoveAll();
 }
 
@@ -344,19 +346,42 @@ void CVGLRenderArea::AddToTransparentNodeList(CVNode* node, CVState* state, int 
     info->depth = EyeDepth(box, info->modelviewMatrix);
     info->node = node;
 
-    INT_PTR at = m_TranspNodeList.GetSize();
-    for (INT_PTR i = 0; i < m_TranspNodeList.GetSize(); ++i) {
-        if (m_TranspNodeList[i]->depth > info->depth) {
-            at = i;
-            break;
-        }
+    // Nothing is greater than a NaN depth and it is greater than nothing: the
+    // record goes last, and later records go before it only when they are
+    // below the greatest depth listed before it. So it sorts as that depth,
+    // arriving now, which keeps the keys totally ordered for the sort.
+    float key = info->depth;
+    if (std::isnan(key))
+        key = m_fTranspMaxDepth;
+    else
+        m_fTranspMaxDepth = std::max(m_fTranspMaxDepth, key);
+    const TranspEntry entry{key, info};
+    if (!m_bTranspNodeListSorted) {
+        m_TranspNodeList.push_back(entry);
+        return;
     }
-    m_TranspNodeList.InsertAt(at, info);
+    auto at = std::upper_bound(m_TranspNodeList.begin(), m_TranspNodeList.end(), key,
+                               [](float k, const TranspEntry& e) { return k < e.key; });
+    m_TranspNodeList.insert(at, entry);
+}
+
+TranspNodeInfoStruct* CVGLRenderArea::GetTransparentNodeInfo(int index) const {
+    if (index < 0 || index >= GetTransparentNodeListSize())
+        AfxThrowInvalidArgException("CVGLRenderArea::GetTransparentNodeInfo(): index out of range");
+    if (!m_bTranspNodeListSorted) {
+        // Stable: equal depths keep their arrival order.
+        std::stable_sort(m_TranspNodeList.begin(), m_TranspNodeList.end(),
+                         [](const TranspEntry& a, const TranspEntry& b) { return a.key < b.key; });
+        m_bTranspNodeListSorted = true;
+    }
+    return m_TranspNodeList[(size_t)index].info;
 }
 
 void CVGLRenderArea::ResetTransparentNodeList() {
-    for (INT_PTR i = 0; i < m_TranspNodeList.GetSize(); ++i) std::free(m_TranspNodeList[i]);
-    m_TranspNodeList.RemoveAll();
+    for (const TranspEntry& e : m_TranspNodeList) std::free(e.info);
+    m_TranspNodeList.clear();  // the capacity serves the next frame
+    m_bTranspNodeListSorted = false;
+    m_fTranspMaxDepth = -std::numeric_limits<float>::infinity();
 }
 
 void CVGLRenderArea::AddToAnnotationNodeList(CVNode* node, CVState*) {

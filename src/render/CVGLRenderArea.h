@@ -9,6 +9,9 @@
 // The world inflation factor is process-wide: every area's GL viewport (and
 // every camera's frustum) is enlarged by it, and a scissor clips back to the
 // window rectangle.
+#include <limits>
+#include <vector>
+
 #include "core/CVRefCount.h"
 #include "math/CVStructs.h"
 #include "math/CVViewport.h"
@@ -139,10 +142,13 @@ public:
     // Planar projection onto z = Z/2 along the light node's direction.
     void InitShadowMatrix();
 
+    // Listed by depth, back to front: a record goes before the first record
+    // with a greater depth, so equal depths keep their arrival order. Records
+    // added while the list is read (drawn) take their sorted place at once.
     void AddToTransparentNodeList(CVNode* node, CVState* state, int type);
-    INT_PTR GetTransparentNodeListSize() const { return m_TranspNodeList.GetSize(); }
+    INT_PTR GetTransparentNodeListSize() const { return (INT_PTR)m_TranspNodeList.size(); }
     // Throws CInvalidArgException outside 0..size-1.
-    TranspNodeInfoStruct* GetTransparentNodeInfo(int index) const { return m_TranspNodeList[index]; }
+    TranspNodeInfoStruct* GetTransparentNodeInfo(int index) const;
     void ResetTransparentNodeList();
     void AddToAnnotationNodeList(CVNode* node, CVState* state);
     INT_PTR GetAnnotationNodeListSize() const { return m_AnnotateNodeList.GetSize(); }
@@ -197,7 +203,16 @@ private:
     int m_nAntialiasingMode = 0;
     int m_nTextFilterMode = 0;
     IUnknown* m_pIUnknown = nullptr;
-    CArray<TranspNodeInfoStruct*, TranspNodeInfoStruct*> m_TranspNodeList;
+    // A scene walk appends thousands of records and reads none of them, so
+    // they are sorted once, at the first read; from then on each new record
+    // is inserted at its place.
+    struct TranspEntry {
+        float key;  // the depth; NaN replaced as AddToTransparentNodeList explains
+        TranspNodeInfoStruct* info;
+    };
+    mutable std::vector<TranspEntry> m_TranspNodeList;
+    mutable bool m_bTranspNodeListSorted = false;
+    float m_fTranspMaxDepth = -std::numeric_limits<float>::infinity();  // greatest non-NaN depth listed
     CVLight* m_pLightNode = nullptr;
     int m_nLightNodeID = 0;
     CArray<AnnotateNodeInfoStruct*, AnnotateNodeInfoStruct*> m_AnnotateNodeList;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <vector>
 
 #include "math/CVBox3f.h"
@@ -138,24 +139,46 @@ public:
     }
 };
 
+// A record goes before the first record with a greater depth. A NaN depth is
+// greater than nothing, so n goes last and f, as deep as the deepest record
+// before n, stays after it. Records arriving once the list is being read (as
+// while it is drawn) take the same places.
 TEST_F(CVGLRenderAreaGLTest, TransparentListIsSortedBackToFrontStably) {
-    PointNode a, b, c;
+    PointNode a, b, c, n, d, e, f;
     const struct {
         CVNode* node;
         float z;
-    } arrivals[] = {{&a, -5.0f}, {&b, -1.0f}, {&c, -5.0f}};
-    for (const auto& arr : arrivals) {
-        glLoadIdentity();
-        glTranslatef(0.0f, 0.0f, arr.z);
-        area->AddToTransparentNodeList(arr.node, nullptr, 1);
+        std::vector<CVNode*> listed;
+    } arrivals[] = {{&a, -5.0f, {&a}},
+                    {&b, -1.0f, {&a, &b}},
+                    {&c, -5.0f, {&a, &c, &b}},
+                    {&n, std::nanf(""), {&a, &c, &b, &n}},
+                    {&d, -3.0f, {&a, &c, &d, &b, &n}},
+                    {&e, -4.0f, {&a, &c, &e, &d, &b, &n}},
+                    {&f, -1.0f, {&a, &c, &e, &d, &b, &n, &f}}};
+    auto listed = [&] {
+        std::vector<CVNode*> nodes;
+        for (int i = 0; i < area->GetTransparentNodeListSize(); ++i)
+            nodes.push_back(area->GetTransparentNodeInfo(i)->node);
+        return nodes;
+    };
+    for (const bool readEach : {true, false}) {
+        area->ResetTransparentNodeList();
+        for (const auto& arr : arrivals) {
+            glLoadIdentity();
+            glTranslatef(0.0f, 0.0f, arr.z);
+            area->AddToTransparentNodeList(arr.node, nullptr, 1);
+            if (readEach) {
+                EXPECT_EQ(listed(), arr.listed) << "after z " << arr.z;
+            }
+        }
+        EXPECT_EQ(listed(), arrivals[6].listed);
     }
-    ASSERT_EQ(area->GetTransparentNodeListSize(), 3);
-    EXPECT_EQ(std::vector<CVNode*>({area->GetTransparentNodeInfo(0)->node, area->GetTransparentNodeInfo(1)->node,
-                                    area->GetTransparentNodeInfo(2)->node}),
-              std::vector<CVNode*>({&a, &c, &b}));
-    EXPECT_FLOAT_EQ(area->GetTransparentNodeInfo(2)->depth, -1.0f);
+    EXPECT_TRUE(std::isnan(area->GetTransparentNodeInfo(5)->depth));
+    EXPECT_FLOAT_EQ(area->GetTransparentNodeInfo(4)->depth, -1.0f);
     EXPECT_FLOAT_EQ(area->GetTransparentNodeInfo(0)->modelviewMatrix[14], -5.0f);
-    EXPECT_THROW(area->GetTransparentNodeInfo(3), CInvalidArgException);
+    EXPECT_THROW(area->GetTransparentNodeInfo(7), CInvalidArgException);
+    EXPECT_THROW(area->GetTransparentNodeInfo(-1), CInvalidArgException);
     area->ResetTransparentNodeList();
     EXPECT_EQ(area->GetTransparentNodeListSize(), 0);
 
