@@ -15,7 +15,7 @@
 #include "platform/UrlMon.h"
 #include "platform/GdiPlusFlat.h"
 
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 #include "core/CVRefCount.h"
 #include "core/CVNode.h"
 #include "core/CVChild.h"

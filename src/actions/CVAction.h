@@ -4,7 +4,7 @@
 // PushState/PopState. An action owns its CVState. Clearing the continue flag
 // makes groups skip their remaining children.
 #include "actions/CVState.h"
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 
 class CVNode;
 

@@ -2,7 +2,7 @@
 // Traversal state owned by an action and handed to every Render and
 // ComputeBoundingBox: the path of grouping nodes, the current depth, the
 // path-recording (identification) flag and the render pass.
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 #include "core/CVNode.h"
 
 class CVState : public CVBase {

@@ -1,3 +1,3 @@
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 
 IMPLEMENT_DYNAMIC(CVBase, CObject)
