@@ -11,7 +11,7 @@
 // Read: PNG, JPEG (baseline and progressive; grey, RGB, CMYK) and BMP (1, 4
 // and 8-bit palettised, 16/24/32-bit BI_RGB, 16/32-bit BI_BITFIELDS, bottom-up
 // and top-down; not compressed RLE), recognised by their first bytes, not the
-// file name. Write: PNG and BMP.
+// file name. Write: PNG, BMP and baseline colour JPEG (alpha dropped).
 // Failures (missing, empty, truncated or corrupt files, unsupported variants,
 // images above 64 megapixels) return 0 and leave the object empty; codec
 // errors never escape as exceptions or reach stderr.
@@ -37,11 +37,14 @@ public:
     // without as RGB (24-bit BMP).
     int WritePNG(const CString& fileName) const;
     int WriteBMP(const CString& fileName) const;
+    // quality 0 (smallest) to 100 (best); 0 outside that range.
+    int WriteJPEG(const CString& fileName, int quality) const;
 
     // Encoders for pixels held elsewhere: 32-bit B, G, R, A pixels, rows
     // top-down, row starts stride bytes apart (at least width * 4).
     static int WritePNG(const CString& fileName, int width, int height, const BYTE* bgra, int stride, int hasAlpha);
     static int WriteBMP(const CString& fileName, int width, int height, const BYTE* bgra, int stride, int hasAlpha);
+    static int WriteJPEG(const CString& fileName, int width, int height, const BYTE* bgra, int stride, int quality);
 
     // A width x height image of transparent black; non-positive sizes empty it.
     void Create(int width, int height, int hasAlpha);

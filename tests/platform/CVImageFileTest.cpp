@@ -9,7 +9,7 @@
 #include <jpeglib.h>
 #include <png.h>
 
-#include "image/CVImageFile.h"
+#include "platform/CVImageFile.h"
 #include "platform/CException.h"
 #include "support/CVTestFiles.h"
 

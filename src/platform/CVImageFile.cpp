@@ -1,4 +1,4 @@
-#include "image/CVImageFile.h"
+#include "platform/CVImageFile.h"
 
 #include <sys/stat.h>
 
@@ -48,6 +48,16 @@ bool ReadWholeFile(const std::string& name, std::vector<BYTE>& out) {
     if (st.st_size <= 0 || st.st_size > kMaxFileBytes) return false;
     out.resize((size_t)st.st_size);
     return fread(out.data(), 1, out.size(), f.get()) == out.size();
+}
+
+// Leaves no file behind when writing fails.
+bool WriteWholeFile(const std::string& name, const void* data, size_t size) {
+    FilePtr f(fopen(name.c_str(), "wb"));
+    if (!f) return false;
+    bool ok = fwrite(data, 1, size, f.get()) == size;
+    ok = (fclose(f.release()) == 0) && ok;
+    if (!ok) remove(name.c_str());
+    return ok;
 }
 
 uint16_t Le16(const BYTE* p) { return (uint16_t)(p[0] | (p[1] << 8)); }
@@ -207,6 +217,56 @@ bool DecodeJPEG(const BYTE* data, size_t size, std::vector<uint32_t>& pixels, in
     return true;
 }
 
+// Compresses top-down RGB rows into a malloc'd buffer that the caller frees.
+bool CompressJPEG(const BYTE* rgb, int width, int height, int quality, unsigned char** out, unsigned long* size) {
+    jpeg_compress_struct cinfo;
+    JpegErrorManager err;
+    memset(&cinfo, 0, sizeof cinfo);
+    cinfo.err = jpeg_std_error(&err.pub);
+    err.pub.error_exit = JpegErrorExit;
+    err.pub.emit_message = JpegEmitMessage;
+    err.pub.output_message = JpegOutputMessage;
+    err.truncated = 0;
+    if (setjmp(err.jump)) {
+        jpeg_destroy_compress(&cinfo);
+        return false;
+    }
+    jpeg_create_compress(&cinfo);
+    jpeg_mem_dest(&cinfo, out, size);
+    cinfo.image_width = (JDIMENSION)width;
+    cinfo.image_height = (JDIMENSION)height;
+    cinfo.input_components = 3;
+    cinfo.in_color_space = JCS_RGB;
+    jpeg_set_defaults(&cinfo);
+    jpeg_set_quality(&cinfo, quality, TRUE);
+    jpeg_start_compress(&cinfo, TRUE);
+    while (cinfo.next_scanline < cinfo.image_height) {
+        JSAMPROW row = const_cast<BYTE*>(rgb) + (size_t)cinfo.next_scanline * width * 3;
+        jpeg_write_scanlines(&cinfo, &row, 1);
+    }
+    jpeg_finish_compress(&cinfo);
+    jpeg_destroy_compress(&cinfo);
+    return true;
+}
+
+bool EncodeJPEG(const std::string& name, int width, int height, const BYTE* bgra, int stride, int quality) {
+    std::vector<BYTE> rgb((size_t)width * height * 3);
+    for (int y = 0; y < height; ++y) {
+        const BYTE* src = bgra + (size_t)y * stride;
+        BYTE* dst = &rgb[(size_t)y * width * 3];
+        for (int x = 0; x < width; ++x, src += 4, dst += 3) {
+            dst[0] = src[2];
+            dst[1] = src[1];
+            dst[2] = src[0];
+        }
+    }
+    unsigned char* jpeg = nullptr;
+    unsigned long size = 0;
+    const bool ok = CompressJPEG(rgb.data(), width, height, quality, &jpeg, &size) && WriteWholeFile(name, jpeg, size);
+    free(jpeg);
+    return ok;
+}
+
 // ---- BMP.
 
 // One channel of a bit-field pixel, scaled to 8 bits.
@@ -360,12 +420,7 @@ bool EncodeBMP(const std::string& name, int width, int height, const BYTE* bgra,
         out.resize(start + rowBytes, 0);
     }
 
-    FilePtr f(fopen(name.c_str(), "wb"));
-    if (!f) return false;
-    bool ok = fwrite(out.data(), 1, out.size(), f.get()) == out.size();
-    ok = (fclose(f.release()) == 0) && ok;
-    if (!ok) remove(name.c_str());
-    return ok;
+    return WriteWholeFile(name, out.data(), out.size());
 }
 
 bool EncodeArgumentsValid(int width, int height, const BYTE* bgra, int stride) {
@@ -442,6 +497,21 @@ int CVImageFile::WriteBMP(const CString& fileName, int width, int height, const 
     if (!EncodeArgumentsValid(width, height, bgra, stride)) return 0;
     try {
         return EncodeBMP(fileName.ToUTF8(), width, height, bgra, stride, hasAlpha) ? 1 : 0;
+    } catch (const std::bad_alloc&) {
+        return 0;
+    }
+}
+
+int CVImageFile::WriteJPEG(const CString& fileName, int quality) const {
+    return WriteJPEG(fileName, m_nWidth, m_nHeight, reinterpret_cast<const BYTE*>(m_pixels.data()), m_nWidth * 4,
+                     quality);
+}
+
+int CVImageFile::WriteJPEG(const CString& fileName, int width, int height, const BYTE* bgra, int stride,
+                           int quality) {
+    if (quality < 0 || quality > 100 || !EncodeArgumentsValid(width, height, bgra, stride)) return 0;
+    try {
+        return EncodeJPEG(fileName.ToUTF8(), width, height, bgra, stride, quality) ? 1 : 0;
     } catch (const std::bad_alloc&) {
         return 0;
     }
