@@ -53,8 +53,8 @@
 #include "math/CVBox3f.h"
 #include "math/CVViewport.h"
 
-#include "actions/CVState.h"
-#include "actions/CVAction.h"
+#include "core/CVState.h"
+#include "core/CVAction.h"
 
 #include "platform/WinGDI.h"
 #include "platform/WinGL.h"

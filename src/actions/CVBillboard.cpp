@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "actions/CVAction.h"
+#include "core/CVAction.h"
 #include "math/CVMatrix.h"
 #include "math/CVVector.h"
 

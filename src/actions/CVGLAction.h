@@ -5,7 +5,7 @@
 // current: callers make the area current before applying.
 //
 // The action holds one reference on its render area for its whole life.
-#include "actions/CVAction.h"
+#include "core/CVAction.h"
 
 class CVGLDevice;
 class CVGLRenderArea;

@@ -1,7 +1,7 @@
 #include "actions/CVGroup.h"
 
-#include "actions/CVAction.h"
-#include "actions/CVState.h"
+#include "core/CVAction.h"
+#include "core/CVState.h"
 
 IMPLEMENT_DYNAMIC(CVGroup, CVChild)
 

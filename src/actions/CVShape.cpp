@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "actions/CVState.h"
+#include "core/CVState.h"
 #include "render/CVGLRenderArea.h"
 
 IMPLEMENT_DYNAMIC(CVShape, CVChild)

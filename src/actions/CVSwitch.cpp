@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "actions/CVAction.h"
-#include "actions/CVState.h"
+#include "core/CVAction.h"
+#include "core/CVState.h"
 #include "platform/CException.h"
 
 IMPLEMENT_DYNAMIC(CVSwitch, CVChild)

@@ -2,7 +2,7 @@
 
 #include <GL/gl.h>
 
-#include "actions/CVAction.h"
+#include "core/CVAction.h"
 
 IMPLEMENT_DYNAMIC(CVTransform, CVGroup)
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "actions/CVAction.h"
+#include "core/CVAction.h"
 #include "core/CVNodeRegistry.h"
 #include "platform/CException.h"
 

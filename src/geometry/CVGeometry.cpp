@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "actions/CVState.h"
+#include "core/CVState.h"
 #include "math/CVBox3f.h"
 #include "math/CVVector.h"
 #include "nodes/CVAppearance.h"

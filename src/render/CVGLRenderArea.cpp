@@ -7,7 +7,7 @@
 #include <cstring>
 #include <vector>
 
-#include "actions/CVState.h"
+#include "core/CVState.h"
 #include "core/CVNode.h"
 #include "math/CVBox3f.h"
 #include "math/CVMatrix.h"

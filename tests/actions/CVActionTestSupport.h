@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
-#include "actions/CVAction.h"
 #include "actions/CVGLAction.h"
-#include "actions/CVState.h"
+#include "core/CVAction.h"
+#include "core/CVState.h"
 #include "geometry/CVGeometry.h"
 #include "math/CVBox3f.h"
 #include "math/CVMatrix.h"

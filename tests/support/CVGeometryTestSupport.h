@@ -17,7 +17,7 @@
 
 #include "actions/CVGLAction.h"
 #include "actions/CVShape.h"
-#include "actions/CVState.h"
+#include "core/CVState.h"
 #include "geometry/CVCone.h"
 #include "geometry/CVCylinder.h"
 #include "geometry/CVGeometry.h"

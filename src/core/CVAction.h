@@ -3,8 +3,8 @@
 // PostActOn on the action; grouping nodes bracket their children with
 // PushState/PopState. An action owns its CVState. Clearing the continue flag
 // makes groups skip their remaining children.
-#include "actions/CVState.h"
 #include "base/CVBase.h"
+#include "core/CVState.h"
 
 class CVNode;
 

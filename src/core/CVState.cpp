@@ -1,4 +1,4 @@
-#include "actions/CVState.h"
+#include "core/CVState.h"
 
 IMPLEMENT_DYNAMIC(CVState, CVBase)
 

@@ -1,4 +1,4 @@
-#include "actions/CVAction.h"
+#include "core/CVAction.h"
 
 IMPLEMENT_DYNAMIC(CVAction, CVBase)
 
