@@ -63,7 +63,7 @@
 #include "platform/CVAccumBuffer.h"
 #include "image/CVSearchPaths.h"
 #include "platform/CVImageFile.h"
-#include "actions/CVGLAction.h"
+#include "render/CVGLAction.h"
 #include "actions/CVGroup.h"
 #include "actions/CVTransform.h"
 #include "actions/CVBillboard.h"

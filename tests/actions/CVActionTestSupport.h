@@ -13,7 +13,6 @@
 #include <string>
 #include <vector>
 
-#include "actions/CVGLAction.h"
 #include "core/CVAction.h"
 #include "core/CVState.h"
 #include "geometry/CVGeometry.h"
@@ -21,6 +20,7 @@
 #include "math/CVMatrix.h"
 #include "nodes/CVAppearance.h"
 #include "render/CVBitmapDevice.h"
+#include "render/CVGLAction.h"
 #include "render/CVGLRenderArea.h"
 #include "support/CVGLQuery.h"
 #include "support/CVTestBitmap.h"

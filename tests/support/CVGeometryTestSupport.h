@@ -15,7 +15,6 @@
 #include <functional>
 #include <vector>
 
-#include "actions/CVGLAction.h"
 #include "actions/CVShape.h"
 #include "core/CVState.h"
 #include "geometry/CVCone.h"
@@ -24,6 +23,7 @@
 #include "geometry/CVSphere.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVCacheManager.h"
+#include "render/CVGLAction.h"
 #include "render/CVGLRenderArea.h"
 #include "support/CVGLQuery.h"
 #include "support/CVTestBitmap.h"

@@ -1,4 +1,4 @@
-#include "actions/CVGLAction.h"
+#include "render/CVGLAction.h"
 #include "render/CVAttribStack.h"
 
 #include <GL/gl.h>
