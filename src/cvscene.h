@@ -89,7 +89,7 @@
 #include "nodes/CVTextureTransform.h"
 #include "nodes/CVTextureCoordinate.h"
 #include "nodes/CVTextureCacheElement.h"
-#include "nodes/CVLight.h"
+#include "render/CVLight.h"
 #include "nodes/CVDirectionalLight.h"
 #include "nodes/CVLightModel.h"
 #include "nodes/CVCamera.h"

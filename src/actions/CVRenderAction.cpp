@@ -11,7 +11,7 @@
 #include "core/CVNode.h"
 #include "image/CSimpleDIB.h"
 #include "image/CVSearchPaths.h"
-#include "nodes/CVLight.h"
+#include "render/CVLight.h"
 #include "platform/BaseTsd.h"
 #include "platform/CException.h"
 #include "platform/CVAccumBuffer.h"

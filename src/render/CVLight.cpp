@@ -1,4 +1,4 @@
-#include "nodes/CVLight.h"
+#include "render/CVLight.h"
 
 #include <GL/gl.h>
 
