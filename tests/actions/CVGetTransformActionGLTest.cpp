@@ -2,10 +2,10 @@
 
 #include "actions/CVActionTestSupport.h"
 #include "actions/CVGetTransformAction.h"
-#include "actions/CVGroup.h"
 #include "actions/CVShape.h"
-#include "actions/CVSwitch.h"
-#include "actions/CVTransform.h"
+#include "nodes/CVGroup.h"
+#include "nodes/CVSwitch.h"
+#include "nodes/CVTransform.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "actions/CVGroup.h"
+#include "nodes/CVGroup.h"
 #include "actions/CVShape.h"
 #include "geometry/CVGeometry.h"
 #include "image/CVRenderImageMapAction.h"

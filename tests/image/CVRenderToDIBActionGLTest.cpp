@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "actions/CVGroup.h"
+#include "nodes/CVGroup.h"
 #include "actions/CVShape.h"
 #include "geometry/CVGeometry.h"
 #include "image/CVRenderToDIBAction.h"

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "actions/CVActionTestSupport.h"
-#include "actions/CVGroup.h"
 #include "actions/CVRenderAction.h"
 #include "actions/CVShape.h"
+#include "nodes/CVGroup.h"
 #include "render/CVCacheManager.h"
 
 namespace cvtest {

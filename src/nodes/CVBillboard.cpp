@@ -1,4 +1,4 @@
-#include "actions/CVBillboard.h"
+#include "nodes/CVBillboard.h"
 
 #include <GL/gl.h>
 

@@ -5,10 +5,10 @@
 // the model-view matrix around the children; the matrix itself is applied by
 // Render, which the actions call from PreActOn, and undone by the pop.
 // Angles are radians.
-#include "actions/CVGroup.h"
 #include "core/CVSFRotation.h"
 #include "core/CVSFVec3f.h"
 #include "math/CVMatrix.h"
+#include "nodes/CVGroup.h"
 
 class CVTransform : public CVGroup {
     DECLARE_DYNAMIC(CVTransform)

@@ -8,8 +8,8 @@
 //
 // The rotations are derived from the current model-view matrix: Render needs a
 // current context, and a non-invertible matrix gives meaningless rotations.
-#include "actions/CVGroup.h"
 #include "core/CVSFVec3f.h"
+#include "nodes/CVGroup.h"
 
 class CVBillboard : public CVGroup {
     DECLARE_DYNAMIC(CVBillboard)

@@ -1,5 +1,5 @@
 #include "actions/CVActionTestSupport.h"
-#include "actions/CVBillboard.h"
+#include "nodes/CVBillboard.h"
 
 namespace {
 

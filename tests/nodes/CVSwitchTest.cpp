@@ -1,6 +1,6 @@
 #include "actions/CVActionTestSupport.h"
-#include "actions/CVGroup.h"
-#include "actions/CVSwitch.h"
+#include "nodes/CVGroup.h"
+#include "nodes/CVSwitch.h"
 #include "platform/CException.h"
 
 namespace {

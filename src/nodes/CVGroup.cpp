@@ -1,4 +1,4 @@
-#include "actions/CVGroup.h"
+#include "nodes/CVGroup.h"
 
 #include "core/CVAction.h"
 #include "core/CVState.h"

@@ -1,7 +1,7 @@
 #include "actions/CVActionTestSupport.h"
-#include "actions/CVGroup.h"
 #include "actions/CVShape.h"
-#include "actions/CVTransform.h"
+#include "nodes/CVGroup.h"
+#include "nodes/CVTransform.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #include "actions/CVActionTestSupport.h"
-#include "actions/CVGroup.h"
+#include "nodes/CVGroup.h"
 
 namespace {
 

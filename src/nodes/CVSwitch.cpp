@@ -1,4 +1,4 @@
-#include "actions/CVSwitch.h"
+#include "nodes/CVSwitch.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "actions/CVTransform.h"
+#include "nodes/CVTransform.h"
 
 #include <GL/gl.h>
 
