@@ -8,8 +8,8 @@
 
 #include "actions/CVGetBoundingBoxAction.h"
 #include "actions/CVSearchAction.h"
-#include "actions/CVShape.h"
 #include "geometry/CVGeometry.h"
+#include "geometry/CVShape.h"
 #include "image/CSimpleDIB.h"
 #include "nodes/CVGroup.h"
 #include "nodes/CVTransform.h"

@@ -68,7 +68,7 @@
 #include "nodes/CVTransform.h"
 #include "nodes/CVBillboard.h"
 #include "nodes/CVSwitch.h"
-#include "actions/CVShape.h"
+#include "geometry/CVShape.h"
 #include "actions/CVGetBoundingBoxAction.h"
 #include "actions/CVGetTransformAction.h"
 #include "actions/CVSearchAction.h"

@@ -4,8 +4,8 @@
 
 #include <cstring>
 
-#include "actions/CVShape.h"
 #include "geometry/CVGeometry.h"
+#include "geometry/CVShape.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVCacheManager.h"
 #include "render/CVGLRenderArea.h"

@@ -1,6 +1,6 @@
 #include "actions/CVActionTestSupport.h"
 #include "actions/CVGetBoundingBoxAction.h"
-#include "actions/CVShape.h"
+#include "geometry/CVShape.h"
 #include "nodes/CVClipPlane.h"
 #include "nodes/CVGroup.h"
 #include "nodes/CVOrthographicCamera.h"

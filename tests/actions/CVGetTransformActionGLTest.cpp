@@ -2,7 +2,7 @@
 
 #include "actions/CVActionTestSupport.h"
 #include "actions/CVGetTransformAction.h"
-#include "actions/CVShape.h"
+#include "geometry/CVShape.h"
 #include "nodes/CVGroup.h"
 #include "nodes/CVSwitch.h"
 #include "nodes/CVTransform.h"

@@ -7,7 +7,7 @@
 
 #include "actions/CVActionTestSupport.h"
 #include "actions/CVRenderAction.h"
-#include "actions/CVShape.h"
+#include "geometry/CVShape.h"
 #include "nodes/CVPerspectiveCamera.h"
 #include "nodes/CVTransform.h"
 #include "platform/BaseTsd.h"

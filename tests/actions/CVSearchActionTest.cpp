@@ -4,7 +4,7 @@
 
 #include "nodes/CVGroup.h"
 #include "actions/CVSearchAction.h"
-#include "actions/CVShape.h"
+#include "geometry/CVShape.h"
 #include "nodes/CVSwitch.h"
 #include "nodes/CVTransform.h"
 #include "platform/CException.h"

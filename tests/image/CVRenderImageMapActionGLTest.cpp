@@ -10,8 +10,8 @@
 #include <cstring>
 
 #include "nodes/CVGroup.h"
-#include "actions/CVShape.h"
 #include "geometry/CVGeometry.h"
+#include "geometry/CVShape.h"
 #include "image/CVRenderImageMapAction.h"
 #include "render/CVGLRenderArea.h"
 #include "support/CVTestBitmap.h"

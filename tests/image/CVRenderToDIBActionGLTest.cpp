@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "nodes/CVGroup.h"
-#include "actions/CVShape.h"
 #include "geometry/CVGeometry.h"
+#include "geometry/CVShape.h"
 #include "image/CVRenderToDIBAction.h"
 #include "platform/CVImageFile.h"
 #include "render/CVGLRenderArea.h"

@@ -7,7 +7,7 @@
 
 #include "actions/CVActionTestSupport.h"
 #include "actions/CVRenderAction.h"
-#include "actions/CVShape.h"
+#include "geometry/CVShape.h"
 #include "nodes/CVGroup.h"
 #include "render/CVCacheManager.h"
 

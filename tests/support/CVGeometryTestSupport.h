@@ -15,11 +15,11 @@
 #include <functional>
 #include <vector>
 
-#include "actions/CVShape.h"
 #include "core/CVState.h"
 #include "geometry/CVCone.h"
 #include "geometry/CVCylinder.h"
 #include "geometry/CVGeometry.h"
+#include "geometry/CVShape.h"
 #include "geometry/CVSphere.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVCacheManager.h"

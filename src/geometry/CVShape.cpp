@@ -1,4 +1,4 @@
-#include "actions/CVShape.h"
+#include "geometry/CVShape.h"
 #include "render/CVAttribStack.h"
 
 #include <GL/gl.h>

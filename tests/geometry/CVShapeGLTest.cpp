@@ -1,5 +1,5 @@
 #include "actions/CVActionTestSupport.h"
-#include "actions/CVShape.h"
+#include "geometry/CVShape.h"
 #include "nodes/CVAppearance.h"
 
 namespace cvtest {
