@@ -99,8 +99,8 @@
 #include "platform/CVImageFile.h"
 #include "image/CVDIBUtil.h"
 #include "image/CSimpleDIB.h"
-#include "image/CVRenderToDIBAction.h"
-#include "image/CVRenderImageMapAction.h"
+#include "actions/CVRenderToDIBAction.h"
+#include "actions/CVRenderImageMapAction.h"
 
 #include "geometry/CVGeometry.h"
 #include "geometry/CVDetail.h"

@@ -2,8 +2,8 @@
 
 #include <GL/gl.h>
 
+#include "actions/CVRenderToDIBAction.h"
 #include "geometry/CVGeometry.h"
-#include "image/CVRenderToDIBAction.h"
 #include "platform/WinSys.h"
 #include "render/CVGLRenderArea.h"
 

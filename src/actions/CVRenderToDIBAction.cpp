@@ -1,4 +1,4 @@
-#include "image/CVRenderToDIBAction.h"
+#include "actions/CVRenderToDIBAction.h"
 
 #include <memory>
 #include <vector>

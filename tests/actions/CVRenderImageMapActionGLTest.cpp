@@ -10,9 +10,9 @@
 #include <cstring>
 
 #include "nodes/CVGroup.h"
+#include "actions/CVRenderImageMapAction.h"
 #include "geometry/CVGeometry.h"
 #include "geometry/CVShape.h"
-#include "image/CVRenderImageMapAction.h"
 #include "render/CVGLRenderArea.h"
 #include "support/CVTestBitmap.h"
 

@@ -1,4 +1,4 @@
-#include "image/CVRenderImageMapAction.h"
+#include "actions/CVRenderImageMapAction.h"
 
 #include <GL/gl.h>
 

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "nodes/CVGroup.h"
+#include "actions/CVRenderToDIBAction.h"
 #include "geometry/CVGeometry.h"
 #include "geometry/CVShape.h"
-#include "image/CVRenderToDIBAction.h"
 #include "platform/CVImageFile.h"
 #include "render/CVGLRenderArea.h"
 #include "support/CVTestBitmap.h"
