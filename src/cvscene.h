@@ -19,7 +19,7 @@
 #include "core/CVRefCount.h"
 #include "core/CVNode.h"
 #include "core/CVChild.h"
-#include "core/CVLibrary.h"
+#include "library/CVLibrary.h"
 #include "core/CVField.h"
 #include "core/CVSField.h"
 #include "core/CVMField.h"

@@ -1,4 +1,4 @@
-#include "core/CVLibrary.h"
+#include "library/CVLibrary.h"
 
 #include "core/CVNode.h"
 #include "render/CVCacheManager.h"
