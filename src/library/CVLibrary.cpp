@@ -1,8 +1,10 @@
 #include "library/CVLibrary.h"
 
+#include "actions/CVRenderToDIBAction.h"
 #include "core/CVNode.h"
-#include "render/CVCacheManager.h"
 #include "platform/CException.h"
+#include "render/CVCacheManager.h"
+#include "render/CVGLRenderArea.h"
 
 namespace {
 bool g_bAttached = false;
@@ -10,11 +12,17 @@ int g_nLocked = 0;
 
 __attribute__((constructor)) void LibraryLoad() { CVLibrary::Attach(); }
 __attribute__((destructor)) void LibraryUnload() { CVLibrary::Detach(); }
+
+// Lower layers reach these classes of higher ones through hooks set here.
+CVGLRenderArea* RenderCacheOf(CVGLRenderArea* area) { return area->GetRenderCache(); }
+CVGLAction* MakeCacheAction(HDC hdc) { return new CVRenderToDIBAction(hdc); }
 }  // namespace
 
 void CVLibrary::Attach() {
     if (g_bAttached) return;
     g_bAttached = true;
+    CVNode::SetRenderCacheProc(RenderCacheOf);
+    CVCacheManager::SetCacheActionMaker(MakeCacheAction);
     CVSetCacheManagerPtr(new CVCacheManager());
     CVNode::Init();
 }

@@ -4,7 +4,9 @@
 // that link it), Detach when it is unloaded. Both are idempotent.
 class CVLibrary {
 public:
-    // Opens the first name space and creates the process-wide managers.
+    // Connects the hooks through which lower layers reach higher ones
+    // (CVNode::SetRenderCacheProc, CVCacheManager::SetCacheActionMaker), opens
+    // the first name space and creates the process-wide managers.
     static void Attach();
     // Closes the name space and deletes the managers.
     static void Detach();

@@ -371,10 +371,3 @@ void CVGLRenderArea::ResetAnnotationNodeList() {
     for (INT_PTR i = 0; i < m_AnnotateNodeList.GetSize(); ++i) std::free(m_AnnotateNodeList[i]);
     m_AnnotateNodeList.RemoveAll();
 }
-
-CVGLRenderArea* CVNode::MakeCacheCurrent(CVGLRenderArea* area) {
-    if (area && area->GetRenderCache()) return area->GetRenderCache();
-    return area;
-}
-
-void CVNode::UnMakeCacheCurrent(CVGLRenderArea*) {}
