@@ -2,8 +2,6 @@
 
 #include <GL/gl.h>
 
-#include <cstring>
-
 #include "geometry/CVGeometry.h"
 #include "geometry/CVShape.h"
 #include "render/CVBitmapDevice.h"
@@ -14,39 +12,27 @@ IMPLEMENT_DYNAMIC(CVRenderImageMapAction, CVGLAction)
 
 namespace {
 
-// Matched by class name, as CVGeometry::IsLineGeometry does: the indexed sets
-// and the elevation grid live above this layer.
-bool IsClass(const CVGeometry* g, const char* name) {
-    for (const CRuntimeClass* c = g->GetRuntimeClass(); c; c = c->GetBaseClass())
-        if (std::strcmp(c->m_lpszClassName, name) == 0) return true;
-    return false;
-}
-
-// The drawing changes an element gets for the map, undone when it goes out
-// of scope. Unfinished until the geometry classes exist:
-// - topographic CVIndexedLineSet: on entry, a line width below 3.0 must be
-//   raised to 3.0 and the old width restored on exit (both with the modified
-//   mark done here), so that thin contour lines stay hittable;
-// - topographic CVElevationGrid: on entry its image-map colour depth must be
-//   set to the action's colour depth and its image-map mode to 1, on exit both
-//   back to 0 (the modified marks are done here);
-// - CVIndexedFaceSet: its colour node must be detached on entry (keeping a
-//   reference) and attached again on exit, so per-vertex colours do not
-//   overwrite the code.
+// The drawing changes a geometry makes for the map, undone when this goes
+// out of scope. The geometry classes make them in their image-map hooks
+// (CVGeometry::BeginImageMap / EndImageMap). Unfinished: waits for the indexed
+// line set / elevation grid / face set, whose overrides are to do this:
+// - topographic CVIndexedLineSet: a line width below 3.0 raised to 3.0 on
+//   entry and the old width restored on exit, marked modified both times, so
+//   that thin contour lines stay hittable;
+// - topographic CVElevationGrid: its image-map colour depth set to the
+//   action's colour depth and its image-map mode to 1 on entry, both back to
+//   0 on exit, marked modified both times;
+// - CVIndexedFaceSet: its colour node detached on entry (keeping a reference)
+//   and attached again on exit, so per-vertex colours do not overwrite the code.
 class ImageMapChanges {
 public:
-    explicit ImageMapChanges(CVGeometry* g) {
-        if (g->IsTopoChart() && (IsClass(g, "CVIndexedLineSet") || IsClass(g, "CVElevationGrid"))) m_pMarked = g;
-        if (m_pMarked) m_pMarked->SetModifiedFlag(1);
-    }
-    ~ImageMapChanges() {
-        if (m_pMarked) m_pMarked->SetModifiedFlag(1);
-    }
+    ImageMapChanges(CVGeometry* g, int colorBits) : m_pGeometry(g) { m_pGeometry->BeginImageMap(colorBits); }
+    ~ImageMapChanges() { m_pGeometry->EndImageMap(); }
     ImageMapChanges(const ImageMapChanges&) = delete;
     ImageMapChanges& operator=(const ImageMapChanges&) = delete;
 
 private:
-    CVGeometry* m_pMarked = nullptr;
+    CVGeometry* m_pGeometry;
 };
 
 // The identification flag is 1 for the length of a frame, thrown out of or not.
@@ -153,7 +139,7 @@ void CVRenderImageMapAction::PreActOn(CVNode* node) {
     if (index < 0 && !g->IsDetailPieSlice() && !g->IsGraphShape() && !g->IsAnnotationNode() && !g->IsTopoChart())
         return;
     if (CVCacheManager* cache = CVGetCacheManagerPtr()) cache->SetImageMapColor(m_nColorBits, index, g);
-    ImageMapChanges changes(g);
+    ImageMapChanges changes(g, m_nColorBits);
     shape->Render(m_pState, m_pRenderArea);
 }
 

@@ -4,7 +4,6 @@
 #include <GL/gl.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "core/CVState.h"
 #include "render/CVGLRenderArea.h"
@@ -16,13 +15,8 @@ namespace {
 enum RenderPass { kScenePass = 1, kAnnotationPass = 3 };
 enum DeferKind { kSortedOpaque = 0, kTransparent = 1, kText = 2 };
 
-// Text is recognised by class name, as line sets are (CVGeometry::IsLineGeometry):
-// the text node lives above this layer.
-bool IsText(const CVGeometry* geometry) {
-    for (const CRuntimeClass* c = geometry->GetRuntimeClass(); c; c = c->GetBaseClass())
-        if (std::strcmp(c->m_lpszClassName, "CVText") == 0) return true;
-    return false;
-}
+// The text node answers for itself: it lives in a layer above this one.
+bool IsText(const CVGeometry* geometry) { return geometry->IsTextGeometry() != 0; }
 
 GLint FrontPolygonMode() {
     GLint modes[2] = {GL_FILL, GL_FILL};

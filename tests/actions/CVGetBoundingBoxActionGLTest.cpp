@@ -1,4 +1,4 @@
-#include "actions/CVActionTestSupport.h"
+#include "support/CVActionTestSupport.h"
 #include "actions/CVGetBoundingBoxAction.h"
 #include "geometry/CVShape.h"
 #include "nodes/CVClipPlane.h"

@@ -1,6 +1,6 @@
 #include <GL/glu.h>
 
-#include "actions/CVActionTestSupport.h"
+#include "support/CVActionTestSupport.h"
 #include "actions/CVGetTransformAction.h"
 #include "geometry/CVShape.h"
 #include "nodes/CVGroup.h"

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "actions/CVActionTestSupport.h"
+#include "support/CVActionTestSupport.h"
 #include "actions/CVRenderAction.h"
 #include "geometry/CVShape.h"
 #include "nodes/CVPerspectiveCamera.h"

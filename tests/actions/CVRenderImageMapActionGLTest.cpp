@@ -8,6 +8,8 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "nodes/CVGroup.h"
 #include "actions/CVRenderImageMapAction.h"
@@ -19,12 +21,16 @@
 namespace cvtest {
 
 // An unlit rectangle in normalised device coordinates, in whatever colour is
-// current; records how the frame looked when it was drawn.
+// current; records how the frame looked when it was drawn, and the image-map
+// hooks around the drawing.
 class MapQuad : public CVGeometry {
 public:
     MapQuad(float x0, float y0, float x1, float y1) : m_x0(x0), m_y0(y0), m_x1(x1), m_y1(y1) {}
+    void BeginImageMap(int colorBits) override { calls.push_back("begin " + std::to_string(colorBits)); }
+    void EndImageMap() override { calls.push_back("end"); }
     void Render(CVState* state, CVGLRenderArea*, CVAppearance*) override {
         ++draws;
+        calls.push_back("draw");
         identifying = state->m_bRecordPath;
         lit = glIsEnabled(GL_LIGHTING);
         dithered = glIsEnabled(GL_DITHER);
@@ -37,20 +43,13 @@ public:
         glEnd();
     }
     int draws = 0, identifying = -1;
+    std::vector<std::string> calls;
     GLboolean lit = GL_TRUE, dithered = GL_TRUE;
     GLint shadeModel = 0;
 
 private:
     float m_x0, m_y0, m_x1, m_y1;
 };
-
-// Stand-in found by class name, as the line set will be.
-class CVIndexedLineSet : public MapQuad {
-    DECLARE_DYNAMIC(CVIndexedLineSet)
-public:
-    using MapQuad::MapQuad;
-};
-IMPLEMENT_DYNAMIC(CVIndexedLineSet, CVGeometry)
 
 }  // namespace cvtest
 
@@ -133,6 +132,12 @@ TEST_F(CVRenderImageMapActionGLTest, PixelsDecodeToTheIndexesDrawnAt32And16Bits)
         MapQuad* unindexed = AddQuad(root, new MapQuad(0.5f, -1, 1, -0.5f), CVGeometry::kDataPoint, -3);
 
         ASSERT_EQ(action.Apply(root), 1);
+        // The geometry's own map changes bracket its drawing. Unfinished: the
+        // changes of the indexed line set, elevation grid and face set are
+        // tested with those classes, which do not exist yet.
+        const std::vector<std::string> bracketed{"begin " + std::to_string(c.bits), "draw", "end"};
+        EXPECT_EQ(point->calls, bracketed);
+        EXPECT_TRUE(plain->calls.empty());
         EXPECT_EQ(point->draws, 1);
         EXPECT_EQ(point->identifying, 1);
         EXPECT_FALSE(point->lit);
@@ -174,23 +179,6 @@ TEST_F(CVRenderImageMapActionGLTest, EverySetViewportMakesANewBitmapAndArea) {
         before->Unref();
     }
     EXPECT_EQ(action.Apply(nullptr), 0);
-}
-
-TEST_F(CVRenderImageMapActionGLTest, TopographicLineSetsAreMarkedModified) {
-    CVTestBitmap reference(1, 1);
-    CVRenderImageMapAction action(reference.GetDC());
-    action.SetViewport(0, 0, 8, 8);
-    CVGroup* root = new CVGroup;
-    root->Ref();
-    MapQuad* topo = AddQuad(root, new cvtest::CVIndexedLineSet(-1, -1, 1, 1), CVGeometry::kTopoChart, 4);
-    MapQuad* point = AddQuad(root, new cvtest::CVIndexedLineSet(-1, -1, 1, 1), CVGeometry::kDataPoint, 4);
-    topo->SetModifiedFlag(0);
-    point->SetModifiedFlag(0);
-    action.Apply(root);
-    EXPECT_EQ(topo->draws, 1);
-    EXPECT_NE(topo->IsModified(), 0);
-    EXPECT_EQ(point->IsModified(), 0);
-    root->Unref();
 }
 
 }  // namespace

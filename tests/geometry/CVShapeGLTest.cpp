@@ -1,21 +1,6 @@
-#include "actions/CVActionTestSupport.h"
+#include "support/CVActionTestSupport.h"
 #include "geometry/CVShape.h"
 #include "nodes/CVAppearance.h"
-
-namespace cvtest {
-
-// Stand-ins recognised by class name, as the shape recognises text and line sets.
-class CVText : public TestGeometry {
-    DECLARE_DYNAMIC(CVText)
-};
-IMPLEMENT_DYNAMIC(CVText, CVGeometry)
-
-class CVIndexedLineSet : public TestGeometry {
-    DECLARE_DYNAMIC(CVIndexedLineSet)
-};
-IMPLEMENT_DYNAMIC(CVIndexedLineSet, CVGeometry)
-
-}  // namespace cvtest
 
 namespace {
 
@@ -23,6 +8,17 @@ using cvtest::DrawRecord;
 using cvtest::GetInt;
 using cvtest::MatrixNear;
 using cvtest::TestGeometry;
+
+// Geometries that say through the kind hooks that they are text or lines.
+class TextGeometry : public TestGeometry {
+public:
+    int IsTextGeometry() const override { return 1; }
+};
+
+class LineGeometry : public TestGeometry {
+public:
+    int IsLineGeometry() const override { return 1; }
+};
 
 // Sets a colour the geometry can see, so the grey default is visibly replaced.
 class ColorAppearance : public CVAppearance {
@@ -34,7 +30,7 @@ public:
     int renders = 0;
 };
 
-enum GeometryKind { Plain, Text, LineSet };
+enum GeometryKind { Plain, Text, Lines };
 
 ::testing::AssertionResult ColorIs(const DrawRecord& r, float red, float green, float blue, float alpha = 1.0f) {
     const float want[4] = {red, green, blue, alpha};
@@ -52,8 +48,8 @@ protected:
         shape->Unref();
     }
     TestGeometry* Use(GeometryKind kind = Plain) {
-        TestGeometry* g = kind == Text      ? new cvtest::CVText
-                          : kind == LineSet ? new cvtest::CVIndexedLineSet
+        TestGeometry* g = kind == Text      ? new TextGeometry
+                          : kind == Lines ? new LineGeometry
                                             : new TestGeometry;
         shape->geometry.SetValue(g);
         return g;
@@ -151,8 +147,8 @@ TEST_F(CVShapeGLTest, GeometryIsDrawnFilteredOrDeferredWithItsKind) {
         {"SkipTextIdlePassIgnored", Text, 0, GL_FILL, 0, 1, 1, 1, kDrawn},
         {"NothingToSort", Plain, 0, GL_FILL, 1, 0, 1, 1, kDrawn},
         {"AntialiasedLineMode", Plain, AA, GL_LINE, 1, 0, 1, 1, 1},
-        {"AntialiasedLineSet", LineSet, AA, GL_FILL, 1, 0, 1, 1, 1},
-        {"AntialiasedLinesWithAntialiasingOff", LineSet, AA, GL_FILL, 1, 0, 0, 1, kDrawn},
+        {"AntialiasedLineGeometry", Lines, AA, GL_FILL, 1, 0, 1, 1, 1},
+        {"AntialiasedLinesWithAntialiasingOff", Lines, AA, GL_FILL, 1, 0, 0, 1, kDrawn},
         {"AntialiasedFill", Plain, AA, GL_FILL, 1, 0, 1, 1, kDrawn},
         {"AntialiasedText", Text, AA, GL_FILL, 1, 0, 1, 1, 2},
         {"AntialiasedTextInLineMode", Text, AA, GL_LINE, 1, 0, 1, 1, 1},
@@ -222,7 +218,7 @@ TEST_F(CVShapeGLTest, DataPointCastsAStippledUnlitShadowFirst) {
     } noShadow[] = {
         {"ShadowsOff", Plain, GL_FILL, 0, 1},
         {"LineMode", Plain, GL_LINE, 1, 1},
-        {"LineSet", LineSet, GL_FILL, 1, 1},
+        {"LineGeometry", Lines, GL_FILL, 1, 1},
         {"TransparentPass", Plain, GL_FILL, 1, 2},
     };
     for (const auto& c : noShadow) {

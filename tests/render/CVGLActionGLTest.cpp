@@ -1,4 +1,4 @@
-#include "actions/CVActionTestSupport.h"
+#include "support/CVActionTestSupport.h"
 
 namespace {
 

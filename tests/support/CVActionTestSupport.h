@@ -1,5 +1,5 @@
 #pragma once
-// Pieces shared by the action suites (and the camera and light suites): an
+// Pieces shared by the action, grouping, shape and camera and light suites: an
 // action that logs the walk, a geometry that records how it was drawn, a
 // render action that draws in PreActOn, and the headless GL fixture.
 #include <gtest/gtest.h>
