@@ -7,12 +7,12 @@
 #include <string>
 
 #include "actions/CVGetBoundingBoxAction.h"
-#include "actions/CVGroup.h"
 #include "actions/CVSearchAction.h"
-#include "actions/CVShape.h"
-#include "actions/CVTransform.h"
 #include "geometry/CVGeometry.h"
+#include "geometry/CVShape.h"
 #include "image/CSimpleDIB.h"
+#include "nodes/CVGroup.h"
+#include "nodes/CVTransform.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVGLRenderArea.h"
 

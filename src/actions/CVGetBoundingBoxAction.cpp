@@ -1,8 +1,8 @@
 #include "actions/CVGetBoundingBoxAction.h"
 
-#include "actions/CVGroup.h"
-#include "actions/CVTransform.h"
 #include "nodes/CVCamera.h"
+#include "nodes/CVGroup.h"
+#include "nodes/CVTransform.h"
 
 #include <GL/gl.h>
 

@@ -5,7 +5,7 @@
 
 #include <cstring>
 
-#include "actions/CVGroup.h"
+#include "nodes/CVGroup.h"
 
 IMPLEMENT_DYNAMIC(CVGetTransformAction, CVGLAction)
 

@@ -10,8 +10,8 @@
 //
 // For a group at the end of the path its own matrix is included: the object
 // coordinates are those of its children.
-#include "actions/CVGLAction.h"
 #include "math/CVStructs.h"
+#include "render/CVGLAction.h"
 
 class CVGetTransformAction : public CVGLAction {
     DECLARE_DYNAMIC(CVGetTransformAction)

@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "core/CVNode.h"
-#include "nodes/CVLight.h"
+#include "render/CVLight.h"
 #include "platform/CVAccumBuffer.h"
 #include "render/CVAttribStack.h"
 #include "render/CVDeferredNodeInfo.h"

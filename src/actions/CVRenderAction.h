@@ -18,12 +18,12 @@
 // Hazard: a headlight that is on becomes the area's light node; the action
 // withdraws it from the area when it is destroyed.
 #include "actions/CVBackgroundPainter.h"
-#include "actions/CVGLAction.h"
 #include "math/CVStructs.h"
 #include "math/CVViewport.h"
 #include "nodes/CVDirectionalLight.h"
 #include "platform/CString.h"
 #include "platform/WinGDI.h"
+#include "render/CVGLAction.h"
 
 class CVRenderAction : public CVGLAction {
     DECLARE_DYNAMIC(CVRenderAction)

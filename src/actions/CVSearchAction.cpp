@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "actions/CVState.h"
 #include "core/CVNode.h"
+#include "core/CVState.h"
 #include "platform/CException.h"
 
 IMPLEMENT_DYNAMIC(CVSearchAction, CVAction)

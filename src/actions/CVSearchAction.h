@@ -10,7 +10,7 @@
 //
 // A match found with no grouping node above it (the action applied straight
 // to a matching leaf) has no path to report and throws CInvalidArgException.
-#include "actions/CVAction.h"
+#include "core/CVAction.h"
 #include "platform/CArray.h"
 #include "platform/CString.h"
 

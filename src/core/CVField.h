@@ -3,7 +3,7 @@
 // holds its value: changing it notifies nobody (no modified flag, no call back
 // into the owning node), so a node that caches derived data must notice
 // changes through its own setters. Fields are not reference counted.
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 
 class CVNode;
 

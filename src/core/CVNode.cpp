@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "actions/CVAction.h"
+#include "core/CVAction.h"
 #include "core/CVNodeRegistry.h"
 #include "platform/CException.h"
 
@@ -16,6 +16,7 @@ namespace {
 // outlive nodes that a host frees after the library's shutdown hook.
 CArray<CVNameSpace*, CVNameSpace*>* g_pNameStack = nullptr;
 CVNodeRegistry* g_pNodeList = nullptr;
+CVNode::RenderCacheProc g_pfnRenderCache = nullptr;
 }  // namespace
 
 CArray<CVNameSpace*, CVNameSpace*>& CVNode::NameStack() {
@@ -111,3 +112,12 @@ CVNameSpace* CVNode::TopNameSpace() { return CurrentNameSpace("CVNode::TopNameSp
 CVNode* CVNode::FindNodeByID(int id) { return NodeList().Find(id); }
 INT_PTR CVNode::GetNodeCount() { return NodeList().GetCount(); }
 CVNode* CVNode::GetNodeAt(INT_PTR index) { return NodeList().GetAt(index); }
+
+CVGLRenderArea* CVNode::MakeCacheCurrent(CVGLRenderArea* area) {
+    CVGLRenderArea* cache = area && g_pfnRenderCache ? g_pfnRenderCache(area) : nullptr;
+    return cache ? cache : area;
+}
+
+void CVNode::UnMakeCacheCurrent(CVGLRenderArea*) {}
+
+void CVNode::SetRenderCacheProc(RenderCacheProc proc) { g_pfnRenderCache = proc; }

@@ -51,9 +51,14 @@ public:
     static void PushNameSpace();
     static void PopNameSpace();
     static CVNameSpace* TopNameSpace();
-    // Defined with the render area: the area whose display lists serve area.
+    // The area whose display lists serve area: the area it shares its caches
+    // with (CVGLRenderArea::SetRenderCache), else area itself.
     static CVGLRenderArea* MakeCacheCurrent(CVGLRenderArea* area);
     static void UnMakeCacheCurrent(CVGLRenderArea* area);
+    // Render areas belong to a higher layer, which says how to read an area's
+    // shared cache (the library's load does). Until then every area serves itself.
+    typedef CVGLRenderArea* (*RenderCacheProc)(CVGLRenderArea* area);
+    static void SetRenderCacheProc(RenderCacheProc proc);
     static void AddToTypeNameSpace() {}
 
     // The live node with this id, or null (what picking maps hit names with).

@@ -3,7 +3,7 @@
 // that was hit. A geometry's GetPickDetail makes one and hands it to the pick
 // action; the picked shape that keeps it owns and deletes it. GetDetail calls
 // ComputeDetails before handing the detail out.
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 
 class CVDetail : public CVBase {
     DECLARE_DYNAMIC(CVDetail)

@@ -2,9 +2,7 @@
 
 #include <GL/gl.h>
 
-#include <cstring>
-
-#include "actions/CVState.h"
+#include "core/CVState.h"
 #include "math/CVBox3f.h"
 #include "math/CVVector.h"
 #include "nodes/CVAppearance.h"
@@ -27,11 +25,12 @@ int CVGeometry::SetStipplePercent(unsigned short percent) {
     return 1;
 }
 
-int CVGeometry::IsLineGeometry() const {
-    // Matched by class name so that the line set needs no hook of its own.
-    for (const CRuntimeClass* c = GetRuntimeClass(); c; c = c->GetBaseClass())
-        if (std::strcmp(c->m_lpszClassName, "CVIndexedLineSet") == 0) return 1;
-    return 0;
+void CVGeometry::BeginImageMap(int) {}
+void CVGeometry::EndImageMap() {}
+
+CVImageMapKeyStruct CVGeometry::GetImageMapKey() const {
+    return CVImageMapKeyStruct{IsDetailPieSlice() ? 1 : 0, IsGraphShape() ? 1 : 0, IsAnnotationNode() ? 1 : 0,
+                               IsLineGeometry(), GetCrdOverlayIndex()};
 }
 
 void CVGeometry::PreRenderGL(CVState*, CVGLRenderArea* area, CVAppearance* appearance) {

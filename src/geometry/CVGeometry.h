@@ -10,11 +10,12 @@
 #include "core/CVNode.h"
 #include "math/CVStructs.h"
 #include "platform/CArray.h"
+#include "render/CVImageMapSource.h"
 
 class CVAppearance;
 class CVVector;
 
-class CVGeometry : public CVNode {
+class CVGeometry : public CVNode, public CVImageMapSource {
     DECLARE_DYNAMIC(CVGeometry)
 public:
     enum : unsigned int {
@@ -85,8 +86,22 @@ public:
     int SetStipplePercent(unsigned short percent);
     unsigned short GetStipplePercent() const { return (m_nStipple >> 8) & 0xFF; }
 
-    // True for line-set geometry, which shapes and the image map treat as lines.
-    int IsLineGeometry() const;
+    // Kinds that shapes and the image map treat apart, each answered by the
+    // class itself. Line geometry (the indexed line set) casts no drop shadow,
+    // is deferred as an antialiased line and takes the line ramp in 16-bit
+    // image maps; text is what the area's text filter selects and is deferred
+    // as antialiased text. Both 0 here.
+    virtual int IsLineGeometry() const { return 0; }
+    virtual int IsTextGeometry() const { return 0; }
+
+    // The image-map action calls BeginImageMap (with its colour depth) before
+    // the shape draws this geometry into a map and EndImageMap after; a
+    // geometry changes there what the map needs (and marks itself modified)
+    // and puts it back. Nothing here.
+    virtual void BeginImageMap(int colorBits);
+    virtual void EndImageMap();
+
+    CVImageMapKeyStruct GetImageMapKey() const override;
 
     // Polygon normal, not normalised: the zero vector below 3 points; for 3
     // points (p1 - p0) x (p2 - p1); for 4 the cross product of the diagonals

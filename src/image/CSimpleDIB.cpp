@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "image/CVImageFile.h"
 #include "platform/CException.h"
+#include "platform/CVImageFile.h"
 
 IMPLEMENT_DYNAMIC(CSimpleDIB, CVBase)
 

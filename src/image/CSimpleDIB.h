@@ -10,7 +10,7 @@
 //
 // Hazard: a memory DC freshly made with CreateCompatibleDC reports 1 bit
 // until a bitmap is selected into it, and so yields 32 bits here.
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 #include "platform/CString.h"
 #include "platform/WinGDI.h"
 

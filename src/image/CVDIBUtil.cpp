@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <csetjmp>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -10,10 +9,7 @@
 #include <new>
 #include <vector>
 
-// jpeglib.h needs FILE and size_t declared first.
-#include <jpeglib.h>
-
-#include "image/CVImageFile.h"
+#include "platform/CVImageFile.h"
 
 namespace {
 
@@ -327,45 +323,6 @@ std::vector<float> Resample(const std::vector<float>& in, int w, int h, int nw, 
 
 BYTE ToByte(float v) { return (BYTE)std::clamp((int)std::lround(v), 0, 255); }
 
-// ---- JPEG. libjpeg reports errors by longjmp to the frame that called
-// setjmp, so that frame holds plain data only.
-struct JpegError {
-    jpeg_error_mgr pub;  // first, so libjpeg's pointer is also ours
-    jmp_buf jump;
-};
-
-void JpegErrorExit(j_common_ptr cinfo) { longjmp(reinterpret_cast<JpegError*>(cinfo->err)->jump, 1); }
-void JpegSilence(j_common_ptr, int) {}
-
-// Compresses top-down RGB rows into a malloc'd buffer that the caller frees.
-bool JpegEncode(const BYTE* rgb, int width, int height, int quality, unsigned char** out, unsigned long* size) {
-    jpeg_compress_struct cinfo;
-    JpegError err;
-    cinfo.err = jpeg_std_error(&err.pub);
-    err.pub.error_exit = JpegErrorExit;
-    err.pub.emit_message = JpegSilence;
-    if (setjmp(err.jump)) {
-        jpeg_destroy_compress(&cinfo);
-        return false;
-    }
-    jpeg_create_compress(&cinfo);
-    jpeg_mem_dest(&cinfo, out, size);
-    cinfo.image_width = (JDIMENSION)width;
-    cinfo.image_height = (JDIMENSION)height;
-    cinfo.input_components = 3;
-    cinfo.in_color_space = JCS_RGB;
-    jpeg_set_defaults(&cinfo);
-    jpeg_set_quality(&cinfo, quality, TRUE);
-    jpeg_start_compress(&cinfo, TRUE);
-    while (cinfo.next_scanline < cinfo.image_height) {
-        JSAMPROW row = const_cast<BYTE*>(rgb) + (size_t)cinfo.next_scanline * width * 3;
-        jpeg_write_scanlines(&cinfo, &row, 1);
-    }
-    jpeg_finish_compress(&cinfo);
-    jpeg_destroy_compress(&cinfo);
-    return true;
-}
-
 bool WriteWholeFile(const CString& fileName, const void* a, size_t aSize, const void* b, size_t bSize) {
     const std::string name = fileName.ToUTF8();
     if (name.empty()) return false;
@@ -562,20 +519,7 @@ BOOL WriteDIBtoJPEGEx(HGLOBAL dib, const CString& fileName, int quality) {
     try {
         CVImageFile image;
         if (!Decode(src, image)) return FALSE;
-        const int w = image.GetWidth(), h = image.GetHeight();
-        std::vector<BYTE> rgb((size_t)w * h * 3);
-        const uint32_t* p = image.GetBits();
-        for (size_t i = 0; i < (size_t)w * h; ++i) {
-            rgb[3 * i] = (BYTE)(p[i] >> 16);
-            rgb[3 * i + 1] = (BYTE)(p[i] >> 8);
-            rgb[3 * i + 2] = (BYTE)p[i];
-        }
-        unsigned char* jpeg = nullptr;
-        unsigned long size = 0;
-        const bool encoded = JpegEncode(rgb.data(), w, h, quality, &jpeg, &size);
-        const bool ok = encoded && WriteWholeFile(fileName, jpeg, size, nullptr, 0);
-        std::free(jpeg);
-        return ok ? TRUE : FALSE;
+        return image.WriteJPEG(fileName, quality) ? TRUE : FALSE;
     } catch (const std::bad_alloc&) {
         return FALSE;
     }

@@ -39,7 +39,7 @@ typedef HRESULT (*CVURLDownloadToCacheFileProc)(IUnknown* caller, LPCWSTR url, L
 CVURLDownloadToCacheFileProc CVSetURLDownloadToCacheFileProc(CVURLDownloadToCacheFileProc proc);
 
 // Kept for hosts that call them: each does nothing and returns 0. JPEG files
-// are read through the image file class instead (image/CVImageFile.h).
+// are read through the image file class instead (platform/CVImageFile.h).
 int CVReadJPEGImageFileHeader(wchar_t* fileName, int width, int height, unsigned char* data);
 int CVReadJPEGImageFileData(wchar_t* fileName, int width, int height, unsigned char* data);
 int CVWriteJPEGImageFile(wchar_t* fileName, int width, int height, unsigned char* data);

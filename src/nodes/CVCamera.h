@@ -14,11 +14,11 @@
 // The frustum is enlarged by the process-wide world inflation factor
 // (CVGLRenderArea::GetWorldInflationFactor), as the GL viewport is, so the
 // scene keeps its on-screen size.
-#include "actions/CVGroup.h"
 #include "core/CVSFBool.h"
 #include "core/CVSFFloat.h"
 #include "core/CVSFRotation.h"
 #include "core/CVSFVec3f.h"
+#include "nodes/CVGroup.h"
 
 class CVCamera : public CVGroup {
     DECLARE_DYNAMIC(CVCamera)

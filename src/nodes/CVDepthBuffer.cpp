@@ -2,8 +2,8 @@
 
 #include <GL/gl.h>
 
-#include "actions/CVAction.h"
-#include "actions/CVState.h"
+#include "core/CVAction.h"
+#include "core/CVState.h"
 #include "render/CVGLRenderArea.h"
 
 IMPLEMENT_DYNAMIC(CVDepthBuffer, CVGroup)

@@ -2,7 +2,7 @@
 
 #include <GL/gl.h>
 
-#include "actions/CVState.h"
+#include "core/CVState.h"
 #include "render/CVGLRenderArea.h"
 
 IMPLEMENT_DYNAMIC(CVDirectionalLight, CVLight)

@@ -3,7 +3,7 @@
 // model-view space. Takes the first free GL light (silently skipped when none
 // is free) and becomes the render area's light for drop shadows.
 #include "core/CVSFVec3f.h"
-#include "nodes/CVLight.h"
+#include "render/CVLight.h"
 
 class CVDirectionalLight : public CVLight {
     DECLARE_DYNAMIC(CVDirectionalLight)
@@ -11,6 +11,7 @@ public:
     CVDirectionalLight();
 
     void Render(CVState* state, CVGLRenderArea* area) override;
+    const Point3fStruct* GetShadowDirection() const override { return &direction.GetValue(); }
 
     CVSFVec3f direction;  // 0 0 -1
 };

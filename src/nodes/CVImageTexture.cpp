@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "actions/CVState.h"
+#include "core/CVState.h"
 #include "image/CVDIBUtil.h"
 #include "image/CVSearchPaths.h"
 #include "platform/GdiPlusFlat.h"

@@ -2,7 +2,7 @@
 
 #include <GL/gl.h>
 
-#include "actions/CVState.h"
+#include "core/CVState.h"
 
 IMPLEMENT_DYNAMIC(CVLightModel, CVChild)
 

@@ -1,9 +1,9 @@
 #pragma once
 // The bitmap behind GpBitmap: 32-bit ARGB pixels (straight alpha, top-down)
-// held by an image/CVImageFile, a pixel format, and at most one lock.
+// held by a CVImageFile, a pixel format, and at most one lock.
 #include <vector>
 
-#include "image/CVImageFile.h"
+#include "platform/CVImageFile.h"
 #include "platform/GdiPlusFlat.h"
 
 class CVGdipBitmap : public GpBitmap {

@@ -6,7 +6,7 @@
 // be current then.
 #include <unordered_map>
 
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 #include "platform/CList.h"
 #include "render/CVCacheElement.h"
 

@@ -3,7 +3,7 @@
 // display lists), found by its key and kept while it has users. Subclasses
 // free their GL objects in the destructor, which runs with the owning render
 // area's context current.
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 #include "platform/CList.h"
 #include "platform/CString.h"
 #include "render/CVCacheUser.h"

@@ -2,10 +2,10 @@
 
 #include <GL/gl.h>
 
-#include "geometry/CVGeometry.h"
-#include "image/CVRenderToDIBAction.h"
 #include "platform/WinSys.h"
+#include "render/CVGLAction.h"
 #include "render/CVGLRenderArea.h"
+#include "render/CVImageMapSource.h"
 
 IMPLEMENT_DYNAMIC(CVCacheManager, CVBase)
 
@@ -16,6 +16,7 @@ DWORD CVCacheManager::m_nOSMinorVersion = 0;
 namespace {
 
 CVCacheManager* g_pCacheManager = nullptr;
+CVCacheManager::CacheActionMaker g_pfnMakeCacheAction = nullptr;
 
 // Fill ramp for 16-bit image maps.
 const float kFillRamp[32] = {0.0f,   0.047f, 0.079f, 0.1115f, 0.144f, 0.176f, 0.208f, 0.2405f,
@@ -62,9 +63,11 @@ CVCacheManager::~CVCacheManager() {
     }
 }
 
+void CVCacheManager::SetCacheActionMaker(CacheActionMaker maker) { g_pfnMakeCacheAction = maker; }
+
 void CVCacheManager::CreateGLRenderAreaCache(HDC hdc) {
-    if (m_pRenderAreaCache) return;
-    m_pCacheAction = new CVRenderToDIBAction(hdc);
+    if (m_pRenderAreaCache || !g_pfnMakeCacheAction) return;
+    m_pCacheAction = g_pfnMakeCacheAction(hdc);
     m_pRenderAreaCache = m_pCacheAction->GetRenderArea();
     m_pRenderAreaCache->Ref();
 }
@@ -133,21 +136,22 @@ void CVCacheManager::SetGLColor(const RGBAColorStruct* color) {
     glColor3f(color->r, color->g, color->b);
 }
 
-void CVCacheManager::SetImageMapColor(int colorBits, int index, CVGeometry* geometry) {
+void CVCacheManager::SetImageMapColor(int colorBits, int index, const CVImageMapSource* geometry) {
+    const CVImageMapKeyStruct key = geometry ? geometry->GetImageMapKey() : CVImageMapKeyStruct{};
     if (colorBits != 16) {
         int value = index;
         int high = 0;
         if (geometry) {
-            if (geometry->IsDetailPieSlice()) {
+            if (key.bDetailPieSlice) {
                 value = -index;
                 high = 128;
-            } else if (geometry->IsGraphShape()) {
+            } else if (key.bGraphShape) {
                 int k = (index >> 24) & 0xF;
                 if (k == 15) return;
                 high = (index < 0 ? 128 : 0) | (k * 4 + 4);
-            } else if (!geometry->IsAnnotationNode()) {
-                if (geometry->GetCrdOverlayIndex() > 15) return;
-                high = geometry->GetCrdOverlayIndex() * 4;
+            } else if (!key.bAnnotation) {
+                if (key.nOverlayIndex > 15) return;
+                high = key.nOverlayIndex * 4;
             } else {
                 high = 64;
             }
@@ -160,13 +164,13 @@ void CVCacheManager::SetImageMapColor(int colorBits, int index, CVGeometry* geom
     int value = index;
     int r = 0;
     if (geometry) {
-        if (geometry->IsGraphShape()) {
+        if (key.bGraphShape) {
             r = (index < 0 ? 16 : 0) | (((index >> 24) & 0x7) + 1);
             value = index & 0x3FFF;
         } else {
-            r = geometry->IsAnnotationNode() ? 8 : geometry->GetCrdOverlayIndex();
+            r = key.bAnnotation ? 8 : key.nOverlayIndex;
         }
-        if (geometry->IsDetailPieSlice()) {
+        if (key.bDetailPieSlice) {
             value = -value;
             r = 31;
         }
@@ -176,6 +180,6 @@ void CVCacheManager::SetImageMapColor(int colorBits, int index, CVGeometry* geom
     r &= 0x1F;
     GLint mode[2] = {GL_FILL, GL_FILL};
     glGetIntegerv(GL_POLYGON_MODE, mode);
-    const float* ramp = (mode[0] != GL_LINE && !(geometry && geometry->IsLineGeometry())) ? kFillRamp : kLineRamp;
+    const float* ramp = (mode[0] != GL_LINE && !key.bLineGeometry) ? kFillRamp : kLineRamp;
     glColor3f(ramp[r], ramp[g], ramp[b]);
 }

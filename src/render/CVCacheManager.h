@@ -8,13 +8,13 @@
 // Ring caches replace strictly round-robin: the 129th new entry of a kind
 // reuses entry 0 and its list id. Lookup scans all entries and only accepts
 // an entry whose list exists in the current context (glIsList).
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 #include "math/CVStructs.h"
 #include "platform/WinGDI.h"
 
+class CVGLAction;
 class CVGLRenderArea;
-class CVGeometry;
-class CVRenderToDIBAction;
+class CVImageMapSource;
 
 class CVCacheManager : public CVBase {
     DECLARE_DYNAMIC(CVCacheManager)
@@ -31,6 +31,10 @@ public:
     // it is destroyed; later calls do nothing. Throws CMemoryException when
     // the bitmap cannot be made.
     void CreateGLRenderAreaCache(HDC hdc);
+    // That action is a class of a higher layer, so the layer above says how
+    // to make one (the library's load does). Without a maker nothing is created.
+    typedef CVGLAction* (*CacheActionMaker)(HDC hdc);
+    static void SetCacheActionMaker(CacheActionMaker maker);
     CVGLRenderArea* GetGLRenderAreaCache() const { return m_pRenderAreaCache; }
     // glDeleteLists, only once a render area cache exists.
     void DeleteCachedDisplayLists(unsigned int first, unsigned int count);
@@ -48,8 +52,9 @@ public:
     void SetGLColor(const RGBColorStruct* color);
     void SetGLColor(const RGBAColorStruct* color);
     // Sets the current colour to the code of data element index (see the
-    // image-map action); some flag combinations set no colour at all.
-    void SetImageMapColor(int colorBits, int index, CVGeometry* geometry);
+    // image-map action); some flag combinations set no colour at all. The
+    // geometry (a CVGeometry; null for none) gives its kind flags.
+    void SetImageMapColor(int colorBits, int index, const CVImageMapSource* geometry);
 
     RGBColorStruct m_CurrentColor;
     RGBColorStruct m_EmissiveColor;
@@ -82,7 +87,7 @@ private:
     };
 
     CVGLRenderArea* m_pRenderAreaCache = nullptr;
-    CVRenderToDIBAction* m_pCacheAction = nullptr;
+    CVGLAction* m_pCacheAction = nullptr;
     SphereEntry m_Spheres[kRingSize];
     int m_nNextSphere = 0;
     ConeEntry m_Cones[kRingSize];

@@ -1,6 +1,6 @@
 #pragma once
 // One user of a cache element: the node (or other owner) that holds it.
-#include "core/CVBase.h"
+#include "base/CVBase.h"
 
 class CVCacheUser : public CVBase {
     DECLARE_DYNAMIC(CVCacheUser)

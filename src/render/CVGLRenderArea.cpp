@@ -9,13 +9,13 @@
 #include <limits>
 #include <vector>
 
-#include "actions/CVState.h"
+#include "core/CVState.h"
 #include "core/CVNode.h"
 #include "math/CVBox3f.h"
 #include "math/CVMatrix.h"
-#include "nodes/CVDirectionalLight.h"
 #include "render/CVGLDevice.h"
 #include "render/CVGLErrors.h"
+#include "render/CVLight.h"
 
 IMPLEMENT_DYNAMIC(CVGLRenderArea, CVRefCount)
 
@@ -288,8 +288,8 @@ CVLight* CVGLRenderArea::GetLightNode() const {
 void CVGLRenderArea::InitShadowMatrix() {
     float L[4] = {0.5f, 0.7f, 1.0f, 0.0f};
     CVLight* light = GetLightNode();
-    if (light && light->IsKindOf(RUNTIME_CLASS(CVDirectionalLight))) {
-        const Point3fStruct& d = static_cast<CVDirectionalLight*>(light)->direction.GetValue();
+    if (const Point3fStruct* direction = light ? light->GetShadowDirection() : nullptr) {
+        const Point3fStruct& d = *direction;
         if (m_nShadowOrientation == 2) {
             L[0] = -d.x - 0.9f;
             L[1] = -d.y;
@@ -396,10 +396,3 @@ void CVGLRenderArea::ResetAnnotationNodeList() {
     for (INT_PTR i = 0; i < m_AnnotateNodeList.GetSize(); ++i) std::free(m_AnnotateNodeList[i]);
     m_AnnotateNodeList.RemoveAll();
 }
-
-CVGLRenderArea* CVNode::MakeCacheCurrent(CVGLRenderArea* area) {
-    if (area && area->GetRenderCache()) return area->GetRenderCache();
-    return area;
-}
-
-void CVNode::UnMakeCacheCurrent(CVGLRenderArea*) {}

@@ -1,10 +1,10 @@
-#include "actions/CVActionTestSupport.h"
+#include "support/CVActionTestSupport.h"
 #include "actions/CVGetBoundingBoxAction.h"
-#include "actions/CVGroup.h"
-#include "actions/CVShape.h"
-#include "actions/CVTransform.h"
+#include "geometry/CVShape.h"
 #include "nodes/CVClipPlane.h"
+#include "nodes/CVGroup.h"
 #include "nodes/CVOrthographicCamera.h"
+#include "nodes/CVTransform.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include <GL/glu.h>
 
-#include "actions/CVActionTestSupport.h"
+#include "support/CVActionTestSupport.h"
 #include "actions/CVGetTransformAction.h"
-#include "actions/CVGroup.h"
-#include "actions/CVShape.h"
-#include "actions/CVSwitch.h"
-#include "actions/CVTransform.h"
+#include "geometry/CVShape.h"
+#include "nodes/CVGroup.h"
+#include "nodes/CVSwitch.h"
+#include "nodes/CVTransform.h"
 
 namespace {
 

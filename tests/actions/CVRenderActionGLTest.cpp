@@ -5,19 +5,19 @@
 #include <cstdlib>
 #include <memory>
 
-#include "actions/CVActionTestSupport.h"
+#include "support/CVActionTestSupport.h"
 #include "actions/CVRenderAction.h"
-#include "actions/CVShape.h"
-#include "actions/CVTransform.h"
-#include "image/CVImageFile.h"
 #include "geometry/CVBox.h"
+#include "geometry/CVShape.h"
 #include "nodes/CVDepthBuffer.h"
 #include "nodes/CVDirectionalLight.h"
 #include "nodes/CVLightModel.h"
 #include "nodes/CVMaterial.h"
 #include "nodes/CVPerspectiveCamera.h"
+#include "nodes/CVTransform.h"
 #include "platform/CVMesaQuirks.h"
 #include "platform/BaseTsd.h"
+#include "platform/CVImageFile.h"
 #include "render/CVWindowDevice.h"
 #include "support/CVTestFiles.h"
 #include "support/CVTestWindow.h"

@@ -2,11 +2,11 @@
 
 #include <vector>
 
-#include "actions/CVGroup.h"
+#include "nodes/CVGroup.h"
 #include "actions/CVSearchAction.h"
-#include "actions/CVShape.h"
-#include "actions/CVSwitch.h"
-#include "actions/CVTransform.h"
+#include "geometry/CVShape.h"
+#include "nodes/CVSwitch.h"
+#include "nodes/CVTransform.h"
 #include "platform/CException.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/CVChild.h"
-#include "core/CVLibrary.h"
+#include "library/CVLibrary.h"
 #include "core/CVNode.h"
 #include "platform/CException.h"
 

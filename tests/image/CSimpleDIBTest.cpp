@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "image/CSimpleDIB.h"
-#include "image/CVImageFile.h"
 #include "platform/CException.h"
+#include "platform/CVImageFile.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVGLRenderArea.h"
 #include "support/CVTestBitmap.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "image/CVDIBUtil.h"
-#include "image/CVImageFile.h"
+#include "platform/CVImageFile.h"
 #include "support/CVTestBitmap.h"
 #include "support/CVTestFiles.h"
 

@@ -1,8 +1,8 @@
 #include "actions/CVGetBoundingBoxAction.h"
-#include "actions/CVTransform.h"
 #include "nodes/CVDepthBuffer.h"
 #include "nodes/CVMaterial.h"
 #include "nodes/CVNodeTestSupport.h"
+#include "nodes/CVTransform.h"
 
 namespace {
 

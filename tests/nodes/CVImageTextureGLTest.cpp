@@ -2,7 +2,7 @@
 #include <set>
 #include <string>
 
-#include "image/CVImageFile.h"
+#include "platform/CVImageFile.h"
 #include "nodes/CVImageTexture.h"
 #include "nodes/CVMaterial.h"
 #include "nodes/CVNodeTestSupport.h"

@@ -5,11 +5,11 @@
 #include <array>
 #include <vector>
 
-#include "actions/CVActionTestSupport.h"
-#include "actions/CVGroup.h"
 #include "actions/CVRenderAction.h"
-#include "actions/CVShape.h"
+#include "geometry/CVShape.h"
+#include "nodes/CVGroup.h"
 #include "render/CVCacheManager.h"
+#include "support/CVActionTestSupport.h"
 
 namespace cvtest {
 

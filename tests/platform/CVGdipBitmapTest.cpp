@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "image/CVImageFile.h"
+#include "platform/CVImageFile.h"
 #include "platform/CString.h"
 #include "platform/GdiPlusFlat.h"
 #include "support/CVTestFiles.h"

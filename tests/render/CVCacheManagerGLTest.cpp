@@ -17,6 +17,8 @@ namespace {
 class TestGeometry : public CVGeometry {
 public:
     void Render(CVState*, CVGLRenderArea*, CVAppearance*) override {}
+    int IsLineGeometry() const override { return lines; }
+    int lines = 0;
 };
 
 std::array<float, 3> CurrentColour() {
@@ -95,7 +97,7 @@ TEST_F(CVCacheManagerGLTest, SetGLColorIssuesEveryCallAndIgnoresAlpha) {
 // colour expected (none: the colour is left as it was).
 struct CodeCase {
     const char* name;
-    std::function<void(CVGeometry&)> mark;
+    std::function<void(TestGeometry&)> mark;
     int value;
     bool lineMode;
     std::array<float, 3> rgb;
@@ -131,11 +133,12 @@ TEST_F(CVCacheManagerGLTest, TrueColourImageMapCodes) {
 
 // 16 bits: r from the overlay (8 for annotations; graph shapes: 16 if negative
 // | bits 24-26 + 1), g = bits 5-9, b = bits 0-4, each through the fill ramp, or
-// the line ramp in line mode.
+// the line ramp in line mode or for line geometry.
 TEST_F(CVCacheManagerGLTest, HighColourCodesUseTheFillOrTheLineRamp) {
     ExpectCodes(manager, 16, {
         {"Fill", [](CVGeometry& g) { g.SetCrdOverlayIndex(3); }, 0x123, false, {0.1115f, 0.305f, 0.1115f}},
         {"Line", [](CVGeometry& g) { g.SetCrdOverlayIndex(3); }, 0x123, true, {0.096f, 0.29f, 0.096f}},
+        {"LineGeometry", [](TestGeometry& g) { g.SetCrdOverlayIndex(3); g.lines = 1; }, 0x123, false, {0.096f, 0.29f, 0.096f}},
         {"Annotation", [](CVGeometry& g) { g.SetAnnotationFlag(1); }, 31, false, {0.273f, 0.0f, 1.0f}},
         {"GraphShape", [](CVGeometry& g) { g.SetGraphShapeFlag(1); }, -0x4021, false, {0.789f, 0.982f, 1.0f}},
     });

@@ -15,15 +15,15 @@
 #include <functional>
 #include <vector>
 
-#include "actions/CVGLAction.h"
-#include "actions/CVShape.h"
-#include "actions/CVState.h"
+#include "core/CVState.h"
 #include "geometry/CVCone.h"
 #include "geometry/CVCylinder.h"
 #include "geometry/CVGeometry.h"
+#include "geometry/CVShape.h"
 #include "geometry/CVSphere.h"
 #include "render/CVBitmapDevice.h"
 #include "render/CVCacheManager.h"
+#include "render/CVGLAction.h"
 #include "render/CVGLRenderArea.h"
 #include "support/CVGLQuery.h"
 #include "support/CVTestBitmap.h"

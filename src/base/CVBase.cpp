@@ -1,0 +1,3 @@
+#include "base/CVBase.h"
+
+IMPLEMENT_DYNAMIC(CVBase, CObject)

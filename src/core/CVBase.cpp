@@ -1,3 +1,0 @@
-#include "core/CVBase.h"
-
-IMPLEMENT_DYNAMIC(CVBase, CObject)
