@@ -96,6 +96,11 @@ CVURLDownloadToCacheFileProc CVSetURLDownloadToCacheFileProc(CVURLDownloadToCach
     return previous;
 }
 
+void CVResetSearchPathState() {
+    SharedFilesCache().Empty();
+    g_download = URLDownloadToCacheFileW;
+}
+
 int CVReadJPEGImageFileHeader(wchar_t*, int, int, unsigned char*) { return 0; }
 int CVReadJPEGImageFileData(wchar_t*, int, int, unsigned char*) { return 0; }
 int CVWriteJPEGImageFile(wchar_t*, int, int, unsigned char*) { return 0; }

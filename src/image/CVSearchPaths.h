@@ -38,6 +38,10 @@ typedef HRESULT (*CVURLDownloadToCacheFileProc)(IUnknown* caller, LPCWSTR url, L
                                                 DWORD reserved, void* callback);
 CVURLDownloadToCacheFileProc CVSetURLDownloadToCacheFileProc(CVURLDownloadToCacheFileProc proc);
 
+// Drops the kept shared-files path and restores the default download
+// procedure: the state library load leaves (see CVLibrary).
+void CVResetSearchPathState();
+
 // Kept for hosts that call them: each does nothing and returns 0. JPEG files
 // are read through the image file class instead (platform/CVImageFile.h).
 int CVReadJPEGImageFileHeader(wchar_t* fileName, int width, int height, unsigned char* data);

@@ -2,7 +2,9 @@
 
 #include "actions/CVRenderToDIBAction.h"
 #include "core/CVNode.h"
+#include "image/CVSearchPaths.h"
 #include "platform/CException.h"
+#include "platform/CVMesaQuirks.h"
 #include "render/CVCacheManager.h"
 #include "render/CVGLRenderArea.h"
 
@@ -21,10 +23,13 @@ CVGLAction* MakeCacheAction(HDC hdc) { return new CVRenderToDIBAction(hdc); }
 void CVLibrary::Attach() {
     if (g_bAttached) return;
     g_bAttached = true;
+    CVMesaQuirks::EnableAllWorkarounds();
     CVNode::SetRenderCacheProc(RenderCacheOf);
     CVCacheManager::SetCacheActionMaker(MakeCacheAction);
+    CVGLRenderArea::SetInflateWorld(1);
     CVSetCacheManagerPtr(new CVCacheManager());
     CVNode::Init();
+    CVResetSearchPathState();
 }
 
 void CVLibrary::Detach() {
@@ -37,9 +42,17 @@ void CVLibrary::Detach() {
     }
     delete CVGetCacheManagerPtr();
     CVSetCacheManagerPtr(nullptr);
+    CVResetSearchPathState();
 }
 
 bool CVLibrary::IsAttached() { return g_bAttached; }
+
+void CVLibrary::ResetSettings() {
+    CVMesaQuirks::EnableAllWorkarounds();
+    CVGLRenderArea::SetInflateWorld(1);
+    if (CVCacheManager* manager = CVGetCacheManagerPtr()) manager->ForgetMaterial();
+    CVResetSearchPathState();
+}
 
 void InitDLL() { CVLibrary::Attach(); }
 int DllCanUnloadNow() { return g_nLocked == 0; }

@@ -54,6 +54,10 @@ void CVMesaQuirks::SetWorkaroundEnabled(CVMesaQuirk quirk, int on) { g_disabled[
 
 int CVMesaQuirks::IsWorkaroundEnabled(CVMesaQuirk quirk) { return !g_disabled[static_cast<int>(quirk)]; }
 
+void CVMesaQuirks::EnableAllWorkarounds() {
+    for (int& disabled : g_disabled) disabled = 0;
+}
+
 void CVMesaQuirks::SetMaterialAmbient(unsigned int face, const float* rgba) {
     if (Applies(CVMesaQuirk::TrackedAmbientIgnored) && glIsEnabled(GL_COLOR_MATERIAL))
         glColorMaterial(face, GL_DIFFUSE);

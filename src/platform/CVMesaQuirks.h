@@ -63,6 +63,7 @@ public:
     // Process-wide; every workaround starts on.
     static void SetWorkaroundEnabled(CVMesaQuirk quirk, int on);
     static int IsWorkaroundEnabled(CVMesaQuirk quirk);
+    static void EnableAllWorkarounds();
 
     // glMaterialfv(face, GL_AMBIENT, rgba) that takes effect under colour
     // material: with TrackedAmbientIgnored, tracking on face is narrowed to

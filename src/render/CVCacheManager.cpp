@@ -37,9 +37,7 @@ CVCacheManager* CVGetCacheManagerPtr() { return g_pCacheManager; }
 void CVSetCacheManagerPtr(CVCacheManager* manager) { g_pCacheManager = manager; }
 
 CVCacheManager::CVCacheManager() {
-    InitGLColor();
-    m_EmissiveColor = m_SpecularColor = {-1.0f, -1.0f, -1.0f};
-    m_fAmbientIntensity = m_fShininess = m_fTransparency = -1.0f;
+    ForgetMaterial();
     for (int i = 0; i < kRingSize; ++i) {
         m_Spheres[i] = {(unsigned)(1000 + i), 0, 0.0f};
         m_Cones[i] = {(unsigned)(2000 + i), 0, 0.0f, 0.0f, 0, 0};
@@ -125,6 +123,12 @@ unsigned int CVCacheManager::GetCachedCylinder(int precision, float a, float b, 
 }
 
 void CVCacheManager::InitGLColor() { m_CurrentColor = {-1.0f, -1.0f, -1.0f}; }
+
+void CVCacheManager::ForgetMaterial() {
+    InitGLColor();
+    m_EmissiveColor = m_SpecularColor = {-1.0f, -1.0f, -1.0f};
+    m_fAmbientIntensity = m_fShininess = m_fTransparency = -1.0f;
+}
 
 void CVCacheManager::SetGLColor(const RGBColorStruct* color) {
     m_CurrentColor = *color;

@@ -48,6 +48,8 @@ public:
 
     // Material state cache: -1 means unknown.
     void InitGLColor();
+    // Every material slot back to unknown, so the next material sends all.
+    void ForgetMaterial();
     // Stores the colour and calls glColor3f every time (alpha ignored).
     void SetGLColor(const RGBColorStruct* color);
     void SetGLColor(const RGBAColorStruct* color);

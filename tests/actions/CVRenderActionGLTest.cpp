@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "library/CVLibrary.h"
 #include "support/CVActionTestSupport.h"
 #include "actions/CVRenderAction.h"
 #include "geometry/CVBox.h"
@@ -136,7 +137,7 @@ protected:
         action.reset();
         root->Unref();
         area->Unref();
-        CVGLRenderArea::SetInflateWorld(1);
+        CVLibrary::ResetSettings();
     }
     void NewAction() { action = std::make_unique<ProbeAction>(area); }
     // Pixel in GDI coordinates (y down), as 0xRRGGBB.
@@ -324,7 +325,7 @@ TEST_F(CVRenderActionGLTest, HeadlightShinesFromTheViewerWhenOn) {
 // Under the default inflation the camera's projection reaches the scene, the
 // area and the deferred pass alike.
 TEST_F(CVRenderActionGLTest, CameraProjectionReachesSceneAreaAndReplay) {
-    CVGLRenderArea::SetInflateWorld(1);
+    CVLibrary::ResetSettings();
     auto* camera = new CVPerspectiveCamera;
     root->children.Add(camera);
     Quad* solid = Add(camera, new Quad(-1, -1, 1, 1, 0.0f, kRed));
@@ -697,7 +698,7 @@ TEST(CVRenderActionWindowGLTest, FrameIsClearedDrawnAndSwapped) {
     }
     root->Unref();
     area->Unref();
-    CVGLRenderArea::SetInflateWorld(1);
+    CVLibrary::ResetSettings();
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "library/CVLibrary.h"
 #include "nodes/CVGroup.h"
 #include "actions/CVRenderImageMapAction.h"
 #include "geometry/CVGeometry.h"
@@ -96,7 +97,7 @@ Code Decode(CSimpleDIB* dib, int x, int y) {
 class CVRenderImageMapActionGLTest : public ::testing::Test {
 protected:
     CVRenderImageMapActionGLTest() { CVGLRenderArea::SetInflateWorld(0); }
-    ~CVRenderImageMapActionGLTest() override { CVGLRenderArea::SetInflateWorld(1); }
+    ~CVRenderImageMapActionGLTest() override { CVLibrary::ResetSettings(); }
 
     // A shape holding quad, added to group.
     static MapQuad* AddQuad(CVGroup* group, MapQuad* quad, unsigned int flags, int index, short overlay = 0) {

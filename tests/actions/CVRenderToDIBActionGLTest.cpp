@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "library/CVLibrary.h"
 #include "nodes/CVGroup.h"
 #include "actions/CVRenderToDIBAction.h"
 #include "geometry/CVGeometry.h"
@@ -31,7 +32,7 @@ private:
 class CVRenderToDIBActionGLTest : public ::testing::Test {
 protected:
     CVRenderToDIBActionGLTest() : reference(1, 1) { CVGLRenderArea::SetInflateWorld(0); }
-    ~CVRenderToDIBActionGLTest() override { CVGLRenderArea::SetInflateWorld(1); }
+    ~CVRenderToDIBActionGLTest() override { CVLibrary::ResetSettings(); }
 
     // A group holding one shape with a rectangle over the middle of the view.
     static CVGroup* Scene() {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "library/CVLibrary.h"
 #include "image/CVSearchPaths.h"
 #include "support/CVTestFiles.h"
 
@@ -57,12 +58,12 @@ protected:
         m_oldCwd = std::filesystem::current_path();
         std::filesystem::create_directories(m_dir / "cwd");
         std::filesystem::current_path(m_dir / "cwd");
-        m_previous = CVSetURLDownloadToCacheFileProc(RecordingDownload);
+        CVSetURLDownloadToCacheFileProc(RecordingDownload);
         g_calls.clear();
         g_succeedingCall = -1;
     }
     void TearDown() override {
-        CVSetURLDownloadToCacheFileProc(m_previous);
+        CVLibrary::ResetSettings();
         std::filesystem::current_path(m_oldCwd);
         std::error_code ec;
         std::filesystem::remove_all(SharedDir() + "/images", ec);
@@ -89,7 +90,6 @@ protected:
     cvtest::ScopedEnv m_imagePath{"CVSCENE_IMAGE_PATH", nullptr};
     cvtest::ScopedEnv m_cache{"XDG_CACHE_HOME", (m_dir / "cache").c_str()};
     std::filesystem::path m_oldCwd;
-    CVURLDownloadToCacheFileProc m_previous = nullptr;
     FakeHost m_host;
 };
 
@@ -170,7 +170,7 @@ TEST_F(CVSearchPathsTest, DownloadTriesTheNameThenImagesPrefix) {
 
 TEST_F(CVSearchPathsTest, BuiltInDownloaderCachesFileUrls) {
     WriteRegistry(nullptr);
-    CVSetURLDownloadToCacheFileProc(m_previous);
+    CVLibrary::ResetSettings();  // the built-in downloader
     cvtest::WriteFile(m_dir / "remote/pic.png", "pixels");
     std::wstring cached = Resolve(&m_host, Wide("file://" + (m_dir / "remote/pic.png")));
     EXPECT_EQ(cached.rfind(Wide(m_dir / "cache/cvscene/"), 0), 0u);

@@ -87,19 +87,13 @@ inline CVShape* MakeQuadShape(QuadGeometry* quad, CVAppearance* appearance = nul
     return shape;
 }
 
-// The action suites' headless context, with the process-wide material state
-// reset to unknown so that suites do not see each other's materials.
+// The action suites' headless context (which starts from reset settings and
+// an unknown material cache).
 class NodeGLFixture : public GLFixture {
 protected:
-    NodeGLFixture() { ForgetMaterial(); }
     ~NodeGLFixture() override { area->ResetAnnotationNodeList(); }
 
-    static void ForgetMaterial() {
-        CVCacheManager* m = CVGetCacheManagerPtr();
-        m->InitGLColor();
-        m->m_EmissiveColor = m->m_SpecularColor = {-1.0f, -1.0f, -1.0f};
-        m->m_fAmbientIntensity = m->m_fShininess = m->m_fTransparency = -1.0f;
-    }
+    static void ForgetMaterial() { CVGetCacheManagerPtr()->ForgetMaterial(); }
 
     // One frame on black, swapped into the bitmap, drawn twice: the second
     // must equal the first, since state that leaks from frame to frame is a

@@ -1,3 +1,4 @@
+#include "library/CVLibrary.h"
 #include "nodes/CVNodeTestSupport.h"
 #include "nodes/CVPerspectiveCamera.h"
 
@@ -47,7 +48,7 @@ TEST_F(CVPerspectiveCameraGLTest, ProjectionMatchesTheFieldsAndInflation) {
 }
 
 TEST_F(CVPerspectiveCameraGLTest, InflatedAngleIsAbout102DegreesAndMultipliesOntoTheProjection) {
-    CVGLRenderArea::SetInflateWorld(1);
+    CVLibrary::ResetSettings();
     CVPerspectiveCamera camera;
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();

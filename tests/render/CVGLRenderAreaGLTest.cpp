@@ -7,6 +7,7 @@
 #include <cmath>
 #include <vector>
 
+#include "library/CVLibrary.h"
 #include "math/CVBox3f.h"
 #include "nodes/CVDirectionalLight.h"
 #include "platform/CException.h"
@@ -32,7 +33,7 @@ protected:
         area->ResetTransparentNodeList();
         area->ResetAnnotationNodeList();
         area->Unref();
-        CVGLRenderArea::SetInflateWorld(1);
+        CVLibrary::ResetSettings();
     }
     CVTestBitmap bitmap;
     CVBitmapDevice device;
@@ -99,7 +100,7 @@ TEST_F(CVGLRenderAreaGLTest, ViewportIsInflatedAndScaled) {
         EXPECT_FLOAT_EQ(area->GetViewportAspectRatio(), 2.0f);
     }
     area->SetGlobalScaleFactor(1.0f);
-    CVGLRenderArea::SetInflateWorld(1);
+    CVLibrary::ResetSettings();
     area->SetViewport(10, 20, 100, 50);
     int v[4];
     area->GetGLViewport(v);

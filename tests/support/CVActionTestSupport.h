@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "library/CVLibrary.h"
 #include "core/CVAction.h"
 #include "core/CVState.h"
 #include "geometry/CVGeometry.h"
@@ -119,6 +120,7 @@ public:
 class GLFixture : public ::testing::Test {
 protected:
     GLFixture() : bitmap(64, 64), device(bitmap.GetDC()) {
+        CVLibrary::ResetSettings();  // suites must not see each other's settings or materials
         CVGLRenderArea::SetInflateWorld(0);
         area = new CVGLRenderArea(&device);
         area->Ref();
@@ -126,7 +128,7 @@ protected:
     }
     ~GLFixture() override {
         area->Unref();
-        CVGLRenderArea::SetInflateWorld(1);
+        CVLibrary::ResetSettings();
     }
 
     static CVMatrix ModelView() { return GetMatrix(GL_MODELVIEW_MATRIX); }

@@ -15,6 +15,7 @@
 #include <functional>
 #include <vector>
 
+#include "library/CVLibrary.h"
 #include "core/CVState.h"
 #include "geometry/CVCone.h"
 #include "geometry/CVCylinder.h"
@@ -96,7 +97,7 @@ protected:
         }
         delete m_pOwnManager;
         area->Unref();
-        CVGLRenderArea::SetInflateWorld(1);
+        CVLibrary::ResetSettings();
     }
 
     // A new node held by the fixture for the test's life.
