@@ -22,9 +22,13 @@ test: build
 	@cd $(BUILD_DIR) && xvfb-run -a -s "-screen 0 1280x1024x24" \
 	  ctest --output-on-failure -j$(JOBS) --timeout 300
 
-demo: build
+# Only the library and the programs the demo runs: no tests, no benchmarks.
+DEMO_TARGETS = cvscene-demo cvscene-gallery cvscene-first-chart
+demo: configure
+	@cmake --build $(BUILD_DIR) -j$(JOBS) --target $(DEMO_TARGETS)
 	@mkdir -p out
 	@$(BUILD_DIR)/examples/cvscene-demo
+	@$(BUILD_DIR)/examples/cvscene-first-chart out/first-chart.png
 	@$(BUILD_DIR)/examples/cvscene-gallery out
 
 bench: build

@@ -12,5 +12,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/CVSceneConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/CVSceneConfigVersion.cmake
         DESTINATION ${CVSCENE_CMAKE_DIR})
 
+# The way up from <libdir>/pkgconfig to the prefix, whatever the prefix is.
+file(RELATIVE_PATH CVSCENE_PC_TO_PREFIX /p/${CMAKE_INSTALL_LIBDIR}/pkgconfig /p)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/cvscene.pc.in ${CMAKE_CURRENT_BINARY_DIR}/cvscene.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/cvscene.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

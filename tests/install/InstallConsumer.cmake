@@ -1,5 +1,6 @@
-# Installs the build tree into a scratch prefix, then configures, builds and
-# runs a small find_package(CVScene) consumer against it.
+# Installs the build tree into a scratch prefix, then builds and runs a small
+# consumer against it twice: through find_package(CVScene) and through
+# pkg-config alone.
 set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR})
 foreach(step
@@ -12,6 +13,29 @@ foreach(step
     message(FATAL_ERROR "step failed (${rc}): ${step}\n${out}\n${err}")
   endif()
 endforeach()
-if(NOT EXISTS ${prefix}/lib/pkgconfig/cvscene.pc AND NOT EXISTS ${prefix}/lib/x86_64-linux-gnu/pkgconfig/cvscene.pc)
+set(pcdir ${prefix}/lib/pkgconfig)
+if(NOT EXISTS ${pcdir}/cvscene.pc)
+  set(pcdir ${prefix}/lib/x86_64-linux-gnu/pkgconfig)
+endif()
+if(NOT EXISTS ${pcdir}/cvscene.pc)
   message(FATAL_ERROR "pkg-config file not installed")
 endif()
+function(pkg_config out)
+  execute_process(COMMAND ${CMAKE_COMMAND} -E env PKG_CONFIG_PATH=${pcdir} pkg-config ${ARGN} cvscene
+                  RESULT_VARIABLE rc OUTPUT_VARIABLE value ERROR_VARIABLE err OUTPUT_STRIP_TRAILING_WHITESPACE)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "pkg-config ${ARGN} failed: ${err}")
+  endif()
+  set(${out} "${value}" PARENT_SCOPE)
+endfunction()
+pkg_config(flags --cflags --libs)
+pkg_config(libdir --variable=libdir)
+separate_arguments(flags UNIX_COMMAND "${flags}")
+foreach(step
+    "${CXX};-std=c++17;${SOURCE_DIR}/main.cpp;${flags};-Wl,-rpath,${libdir};-o;${WORK_DIR}/pc-consumer"
+    "${WORK_DIR}/pc-consumer")
+  execute_process(COMMAND ${step} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "pkg-config consumer step failed (${rc}): ${step}\n${out}\n${err}")
+  endif()
+endforeach()
