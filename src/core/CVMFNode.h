@@ -45,7 +45,7 @@ public:
     void SetAt(int i, T node) {
         CheckNotNegative(i, "CVMFNode::SetAt()");
         // Grow first so that running out of memory leaves every count as it was.
-        if (i >= m_aNodes.GetSize()) m_aNodes.SetSize((INT_PTR)i + 1);
+        if (i >= m_aNodes.GetSize()) m_aNodes.SetSize(static_cast<INT_PTR>(i) + 1);
         if (node != nullptr) node->Ref();
         if (m_aNodes[i] != nullptr) m_aNodes[i]->Unref();
         m_aNodes[i] = node;
@@ -69,7 +69,7 @@ public:
     // Index of the first entry equal to node, or -1.
     int Find(T node) const {
         for (INT_PTR i = 0; i < m_aNodes.GetSize(); ++i) {
-            if (m_aNodes[i] == node) return (int)i;
+            if (m_aNodes[i] == node) return static_cast<int>(i);
         }
         return -1;
     }

@@ -30,6 +30,8 @@ public:
 
     // Draws with the appearance the shape already applied (null for shadow and pick passes).
     virtual void Render(CVState* state, CVGLRenderArea* area, CVAppearance* appearance) = 0;
+    // The node's own Render stays callable beside the geometry's.
+    using CVNode::Render;
 
     unsigned int GetFlags() const { return m_nFlags; }
     int IsCached() const { return m_nFlags & kCached; }

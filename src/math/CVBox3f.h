@@ -81,7 +81,7 @@ public:
     // The list (null when none); entries are owned by the box.
     const CClipInfoList* GetClipList() const { return m_pClipList; }
     // Number of entries (0 when there is no list).
-    int GetClipInfoCount() const { return m_pClipList ? (int)m_pClipList->GetCount() : 0; }
+    int GetClipInfoCount() const { return m_pClipList ? static_cast<int>(m_pClipList->GetCount()) : 0; }
 
 protected:
     // size = max - min, center = min + size/2.

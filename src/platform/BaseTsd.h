@@ -10,12 +10,12 @@
 
 template <class H>
 inline LONG HandleToLong(H h) {
-    return (LONG)reinterpret_cast<intptr_t>(h);
+    return static_cast<LONG>(reinterpret_cast<intptr_t>(h));
 }
 template <class H>
 inline ULONG HandleToULong(H h) {
-    return (ULONG)reinterpret_cast<uintptr_t>(h);
+    return static_cast<ULONG>(reinterpret_cast<uintptr_t>(h));
 }
 // Sign-extended, as on Windows; the caller casts to the handle type it means.
-inline void* LongToHandle(LONG value) { return reinterpret_cast<void*>((intptr_t)value); }
-inline void* ULongToHandle(ULONG value) { return reinterpret_cast<void*>((uintptr_t)value); }
+inline void* LongToHandle(LONG value) { return reinterpret_cast<void*>(static_cast<intptr_t>(value)); }
+inline void* ULongToHandle(ULONG value) { return reinterpret_cast<void*>(static_cast<uintptr_t>(value)); }

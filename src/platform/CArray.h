@@ -21,19 +21,19 @@ public:
     CArray& operator=(const CArray& other) = default;
     virtual ~CArray() = default;
 
-    INT_PTR GetSize() const { return (INT_PTR)m_data.size(); }
-    INT_PTR GetCount() const { return (INT_PTR)m_data.size(); }
-    INT_PTR GetUpperBound() const { return (INT_PTR)m_data.size() - 1; }
+    INT_PTR GetSize() const { return static_cast<INT_PTR>(m_data.size()); }
+    INT_PTR GetCount() const { return static_cast<INT_PTR>(m_data.size()); }
+    INT_PTR GetUpperBound() const { return static_cast<INT_PTR>(m_data.size()) - 1; }
     BOOL IsEmpty() const { return m_data.empty(); }
     INT_PTR GetGrowBy() const { return m_nGrowBy; }
-    INT_PTR GetCapacity() const { return (INT_PTR)m_data.capacity(); }
+    INT_PTR GetCapacity() const { return static_cast<INT_PTR>(m_data.capacity()); }
 
     // New elements are value-initialised (zero); removed ones are dropped.
     void SetSize(INT_PTR nNewSize, INT_PTR nGrowBy = -1) {
         if (nNewSize < 0) AfxThrowInvalidArgException("CArray::SetSize(): negative size");
         if (nGrowBy >= 0) m_nGrowBy = nGrowBy;
         Reserve(nNewSize);
-        Guard([&] { m_data.resize((size_t)nNewSize); });
+        Guard([&] { m_data.resize(static_cast<size_t>(nNewSize)); });
     }
     void FreeExtra() { m_data.shrink_to_fit(); }
     void RemoveAll() { std::vector<TYPE>().swap(m_data); }
@@ -50,7 +50,7 @@ public:
         if (i < 0) AfxThrowInvalidArgException("CArray::SetAtGrow(): negative index");
         TYPE copy = value;  // value may live inside this array
         if (i >= GetSize()) SetSize(i + 1);
-        m_data[(size_t)i] = std::move(copy);
+        m_data[static_cast<size_t>(i)] = std::move(copy);
     }
 
     INT_PTR Add(ARG_TYPE value) {
@@ -80,9 +80,9 @@ public:
             SetSize(i + count);
         } else {
             Reserve(GetSize() + count);
-            Guard([&] { m_data.insert(m_data.begin() + i, (size_t)count, TYPE()); });
+            Guard([&] { m_data.insert(m_data.begin() + i, static_cast<size_t>(count), TYPE()); });
         }
-        for (INT_PTR k = 0; k < count; ++k) m_data[(size_t)(i + k)] = copy;
+        for (INT_PTR k = 0; k < count; ++k) m_data[static_cast<size_t>(i + k)] = copy;
     }
 
     void RemoveAt(INT_PTR i, INT_PTR count = 1) {
@@ -102,16 +102,16 @@ private:
         if (i < 0 || i >= GetSize())
             AfxThrowInvalidArgException(std::string("CArray::") + what + "(): index " + std::to_string(i) +
                                         " out of range");
-        return (size_t)i;
+        return static_cast<size_t>(i);
     }
 
     void Reserve(INT_PTR needed) {
-        if ((size_t)needed <= m_data.capacity()) return;
+        if (static_cast<size_t>(needed) <= m_data.capacity()) return;
         INT_PTR step = m_nGrowBy;
         if (step <= 0) step = std::clamp<INT_PTR>(GetSize() / 8, 4, 1024);
         // At least geometric growth: a fixed step alone makes n appends cost O(n^2).
-        INT_PTR target = std::max({needed, GetSize() + step, (INT_PTR)(m_data.capacity() + m_data.capacity() / 2)});
-        Guard([&] { m_data.reserve((size_t)target); });
+        INT_PTR target = std::max({needed, GetSize() + step, static_cast<INT_PTR>(m_data.capacity() + m_data.capacity() / 2)});
+        Guard([&] { m_data.reserve(static_cast<size_t>(target)); });
     }
 
     template <class F>

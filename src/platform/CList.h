@@ -46,18 +46,18 @@ public:
         m_nCount = 0;
     }
 
-    POSITION GetHeadPosition() const { return (POSITION)m_pHead; }
-    POSITION GetTailPosition() const { return (POSITION)m_pTail; }
+    POSITION GetHeadPosition() const { return reinterpret_cast<POSITION>(m_pHead); }
+    POSITION GetTailPosition() const { return reinterpret_cast<POSITION>(m_pTail); }
 
     // Returns the element at pos and moves pos on (null past the end).
     TYPE& GetNext(POSITION& pos) {
         Node* n = At(pos, "GetNext");
-        pos = (POSITION)n->pNext;
+        pos = reinterpret_cast<POSITION>(n->pNext);
         return n->data;
     }
     TYPE& GetPrev(POSITION& pos) {
         Node* n = At(pos, "GetPrev");
-        pos = (POSITION)n->pPrev;
+        pos = reinterpret_cast<POSITION>(n->pPrev);
         return n->data;
     }
     TYPE& GetAt(POSITION pos) { return At(pos, "GetAt")->data; }
@@ -76,8 +76,8 @@ public:
     }
 
     POSITION Find(ARG_TYPE v, POSITION after = nullptr) const {
-        for (Node* n = after ? ((Node*)after)->pNext : m_pHead; n; n = n->pNext)
-            if (n->data == v) return (POSITION)n;
+        for (Node* n = after ? reinterpret_cast<Node*>(after)->pNext : m_pHead; n; n = n->pNext)
+            if (n->data == v) return reinterpret_cast<POSITION>(n);
         return nullptr;
     }
 
@@ -89,7 +89,7 @@ private:
 
     static Node* At(POSITION pos, const char* what) {
         if (!pos) AfxThrowInvalidArgException(std::string("CList::") + what + "(): null position");
-        return (Node*)pos;
+        return reinterpret_cast<Node*>(pos);
     }
 
     // n's neighbours are already set; hook them to n.
@@ -97,7 +97,7 @@ private:
         (n->pPrev ? n->pPrev->pNext : m_pHead) = n;
         (n->pNext ? n->pNext->pPrev : m_pTail) = n;
         ++m_nCount;
-        return (POSITION)n;
+        return reinterpret_cast<POSITION>(n);
     }
 
     TYPE Unlink(Node* n) {

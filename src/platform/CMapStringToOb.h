@@ -10,7 +10,7 @@ class CTypedStringMap {
 public:
     explicit CTypedStringMap(INT_PTR nBlockSize = 10) : m_nBlockSize(nBlockSize) {}
 
-    INT_PTR GetCount() const { return (INT_PTR)m_map.size(); }
+    INT_PTR GetCount() const { return static_cast<INT_PTR>(m_map.size()); }
     INT_PTR GetSize() const { return GetCount(); }
     BOOL IsEmpty() const { return m_map.empty(); }
     INT_PTR GetBlockSize() const { return m_nBlockSize; }

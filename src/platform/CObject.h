@@ -51,7 +51,7 @@ public:                                                  \
 
 #define IMPLEMENT_DYNAMIC(class_name, base_class_name)                                      \
     CRuntimeClass* class_name::_GetBaseClass() { return RUNTIME_CLASS(base_class_name); }   \
-    CRuntimeClass class_name::class##class_name = {#class_name, (int)sizeof(class_name),    \
+    CRuntimeClass class_name::class##class_name = {#class_name, static_cast<int>(sizeof(class_name)),    \
                                                    0xFFFF, nullptr,                         \
                                                    &class_name::_GetBaseClass};             \
     CRuntimeClass* class_name::GetThisClass() { return &class_name::class##class_name; }    \
@@ -61,7 +61,7 @@ public:                                                  \
 #define DECLARE_DYNAMIC_TEMPLATE(class_name, base_class_name, display_name)          \
 public:                                                                             \
     static CRuntimeClass* GetThisClass() {                                          \
-        static CRuntimeClass rc = {display_name, (int)sizeof(class_name), 0xFFFF,   \
+        static CRuntimeClass rc = {display_name, static_cast<int>(sizeof(class_name)), 0xFFFF,   \
                                    nullptr, &class_name::_GetBaseClass};            \
         return &rc;                                                                 \
     }                                                                               \

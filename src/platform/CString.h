@@ -14,7 +14,7 @@ public:
     CString(const wchar_t* text, int length);
     CString(std::wstring text);
 
-    int GetLength() const { return (int)m_str.size(); }
+    int GetLength() const { return static_cast<int>(m_str.size()); }
     BOOL IsEmpty() const { return m_str.empty(); }
     void Empty() { m_str.clear(); }
 

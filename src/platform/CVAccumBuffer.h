@@ -29,7 +29,7 @@ public:
     int GetWidth() const { return m_nWidth; }
     int GetHeight() const { return m_nHeight; }
     // RGBA of one stored pixel (window coordinates), for inspection.
-    const GLfloat* GetValue(int x, int y) const { return &m_values[((std::size_t)y * m_nWidth + x) * 4]; }
+    const GLfloat* GetValue(int x, int y) const { return &m_values[(static_cast<std::size_t>(y) * m_nWidth + x) * 4]; }
 
 private:
     int m_nWidth = 0;

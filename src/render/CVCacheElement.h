@@ -23,7 +23,7 @@ public:
     // Removes owner's use, if any. Returns the users left.
     int RemoveUser(const void* owner);
     BOOL HasUser(const void* owner) const;
-    int GetUserCount() const { return (int)m_users.GetCount(); }
+    int GetUserCount() const { return static_cast<int>(m_users.GetCount()); }
 
 private:
     CString m_strKey;

@@ -146,7 +146,7 @@ public:
     // with a greater depth, so equal depths keep their arrival order. Records
     // added while the list is read (drawn) take their sorted place at once.
     void AddToTransparentNodeList(CVNode* node, CVState* state, int type);
-    INT_PTR GetTransparentNodeListSize() const { return (INT_PTR)m_TranspNodeList.size(); }
+    INT_PTR GetTransparentNodeListSize() const { return static_cast<INT_PTR>(m_TranspNodeList.size()); }
     // Throws CInvalidArgException outside 0..size-1.
     TranspNodeInfoStruct* GetTransparentNodeInfo(int index) const;
     void ResetTransparentNodeList();
