@@ -10,18 +10,12 @@
 #include "platform/CMapStringToOb.h"
 #include "platform/IUnknown.h"
 #include "platform/BaseTsd.h"
-#include "platform/WinReg.h"
 #include "platform/WinBase.h"
-#include "platform/UrlMon.h"
-#include "platform/GdiPlusFlat.h"
 #include "platform/WinGDI.h"
 #include "platform/WinGL.h"
 #include "platform/CDC.h"
 #include "platform/CPalette.h"
-#include "platform/CVAccumBuffer.h"
-#include "platform/CVImageFile.h"
 #include "platform/WinUser.h"
-#include "platform/WinSys.h"
 
 #include "base/CVBase.h"
 

@@ -11,6 +11,7 @@
 //
 // Groups are rendered in PreActOn so that nodes reading the current GL
 // matrices see the transforms above them; the walk needs a current context.
+#include "platform/CVExport.h"
 #include "math/CVBox3f.h"
 #include "platform/CArray.h"
 #include "platform/CList.h"
@@ -18,7 +19,7 @@
 
 class CVCamera;
 
-class CVGetBoundingBoxAction : public CVGLAction {
+class CVSCENE_API CVGetBoundingBoxAction : public CVGLAction {
     DECLARE_DYNAMIC(CVGetBoundingBoxAction)
 public:
     explicit CVGetBoundingBoxAction(CVGLRenderArea* area);

@@ -10,10 +10,11 @@
 //
 // For a group at the end of the path its own matrix is included: the object
 // coordinates are those of its children.
+#include "platform/CVExport.h"
 #include "math/CVStructs.h"
 #include "render/CVGLAction.h"
 
-class CVGetTransformAction : public CVGLAction {
+class CVSCENE_API CVGetTransformAction : public CVGLAction {
     DECLARE_DYNAMIC(CVGetTransformAction)
 public:
     // Other values give zero results.

@@ -17,6 +17,7 @@
 //
 // Hazard: a headlight that is on becomes the area's light node; the action
 // withdraws it from the area when it is destroyed.
+#include "platform/CVExport.h"
 #include "actions/CVBackgroundPainter.h"
 #include "math/CVStructs.h"
 #include "math/CVViewport.h"
@@ -25,7 +26,7 @@
 #include "platform/WinGDI.h"
 #include "render/CVGLAction.h"
 
-class CVRenderAction : public CVGLAction {
+class CVSCENE_API CVRenderAction : public CVGLAction {
     DECLARE_DYNAMIC(CVRenderAction)
 public:
     // Both take the area's viewport as the action's.

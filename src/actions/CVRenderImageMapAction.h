@@ -20,6 +20,7 @@
 //
 // Cost: every SetViewport makes a new bitmap and a new render area (and so a
 // new GL context) with default settings.
+#include "platform/CVExport.h"
 #include "image/CSimpleDIB.h"
 #include "math/CVViewport.h"
 #include "platform/CDC.h"
@@ -27,7 +28,7 @@
 
 class CVBitmapDevice;
 
-class CVRenderImageMapAction : public CVGLAction {
+class CVSCENE_API CVRenderImageMapAction : public CVGLAction {
     DECLARE_DYNAMIC(CVRenderImageMapAction)
 public:
     // A 32 x 32 bitmap for hdc (not owned; it must outlive the action) and a

@@ -12,6 +12,7 @@
 // window.
 //
 // The copy operations take a null CDC* as a null HDC (and so fail).
+#include "platform/CVExport.h"
 #include "actions/CVRenderAction.h"
 #include "image/CSimpleDIB.h"
 #include "platform/CDC.h"
@@ -19,7 +20,7 @@
 
 class CVBitmapDevice;
 
-class CVRenderToDIBAction : public CVRenderAction {
+class CVSCENE_API CVRenderToDIBAction : public CVRenderAction {
     DECLARE_DYNAMIC(CVRenderToDIBAction)
 public:
     // hdc is not owned and must outlive the action. Throws CMemoryException

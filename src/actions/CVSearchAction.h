@@ -10,11 +10,12 @@
 //
 // A match found with no grouping node above it (the action applied straight
 // to a matching leaf) has no path to report and throws CInvalidArgException.
+#include "platform/CVExport.h"
 #include "core/CVAction.h"
 #include "platform/CArray.h"
 #include "platform/CString.h"
 
-class CVSearchAction : public CVAction {
+class CVSCENE_API CVSearchAction : public CVAction {
     DECLARE_DYNAMIC(CVSearchAction)
 public:
     // First stops the walk at the first match; any other value collects all.

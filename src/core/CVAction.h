@@ -3,12 +3,13 @@
 // PostActOn on the action; grouping nodes bracket their children with
 // PushState/PopState. An action owns its CVState. Clearing the continue flag
 // makes groups skip their remaining children.
+#include "platform/CVExport.h"
 #include "base/CVBase.h"
 #include "core/CVState.h"
 
 class CVNode;
 
-class CVAction : public CVBase {
+class CVSCENE_API CVAction : public CVBase {
     DECLARE_DYNAMIC(CVAction)
 public:
     CVAction();

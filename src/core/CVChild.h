@@ -1,8 +1,9 @@
 #pragma once
 // Marks the nodes that may stand in a group's children list.
+#include "platform/CVExport.h"
 #include "core/CVNode.h"
 
-class CVChild : public CVNode {
+class CVSCENE_API CVChild : public CVNode {
     DECLARE_DYNAMIC(CVChild)
 public:
     CVChild() = default;

@@ -3,11 +3,12 @@
 // holds its value: changing it notifies nobody (no modified flag, no call back
 // into the owning node), so a node that caches derived data must notice
 // changes through its own setters. Fields are not reference counted.
+#include "platform/CVExport.h"
 #include "base/CVBase.h"
 
 class CVNode;
 
-class CVField : public CVBase {
+class CVSCENE_API CVField : public CVBase {
     DECLARE_DYNAMIC(CVField)
 public:
     CVField() = default;

@@ -1,10 +1,11 @@
 #pragma once
 // Growable list of floats (field type 283), empty after construction, growing
 // 25 elements at a time. Index rules: see CVMField.
+#include "platform/CVExport.h"
 #include "core/CVMField.h"
 #include "platform/CArray.h"
 
-class CVMFFloat : public CVMField {
+class CVSCENE_API CVMFFloat : public CVMField {
     DECLARE_DYNAMIC(CVMFFloat)
 public:
     CVMFFloat();

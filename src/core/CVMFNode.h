@@ -13,6 +13,7 @@
 // (their references leak), and SetSize neither references nor releases, so
 // shrinking leaks the dropped references and growing adds null entries.
 // Not copyable: copies would double-release.
+#include "platform/CVExport.h"
 #include <string>
 #include <type_traits>
 
@@ -20,7 +21,7 @@
 #include "platform/CArray.h"
 
 template <class T>
-class CVMFNode : public CVMField {
+class CVSCENE_API CVMFNode : public CVMField {
     DECLARE_DYNAMIC_TEMPLATE(CVMFNode, CVMField, ClassName())
 public:
     CVMFNode() : CVMField(CVField::GetMFNodeTokenType()) {}

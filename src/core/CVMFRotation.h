@@ -3,12 +3,13 @@
 // construction, growing 25 elements at a time. Index rules: see CVMField,
 // except that the gap left by growing holds default rotations (angle 0 about
 // (0,1,0)) rather than zeros.
+#include "platform/CVExport.h"
 #include "core/CVMField.h"
 #include "math/CVRotation.h"
 #include "math/CVStructs.h"
 #include "platform/CArray.h"
 
-class CVMFRotation : public CVMField {
+class CVSCENE_API CVMFRotation : public CVMField {
     DECLARE_DYNAMIC(CVMFRotation)
 public:
     CVMFRotation();

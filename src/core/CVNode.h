@@ -7,6 +7,7 @@
 // node removes its name from whatever space is on top when it is renamed or
 // destroyed, not from the space it was entered in. Every name operation throws
 // CInvalidArgException while no space is open (before Init, after the last pop).
+#include "platform/CVExport.h"
 #include "core/CVRefCount.h"
 #include "platform/CArray.h"
 #include "platform/CMapStringToOb.h"
@@ -23,7 +24,7 @@ class CVNodeRegistry;
 typedef CTypedPtrMap<CMapStringToOb, CString, CVNode*> CVNameSpace;
 typedef CArray<CVNode*, CVNode*> CVNodePath;
 
-class CVNode : public CVRefCount {
+class CVSCENE_API CVNode : public CVRefCount {
     DECLARE_DYNAMIC(CVNode)
 public:
     CVNode();

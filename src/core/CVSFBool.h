@@ -1,8 +1,9 @@
 #pragma once
 // One boolean (field type 271), an int that is 0 after construction.
+#include "platform/CVExport.h"
 #include "core/CVSField.h"
 
-class CVSFBool : public CVSField {
+class CVSCENE_API CVSFBool : public CVSField {
     DECLARE_DYNAMIC(CVSFBool)
 public:
     CVSFBool();

@@ -1,8 +1,9 @@
 #pragma once
 // One float (field type 273), 0 after construction.
+#include "platform/CVExport.h"
 #include "core/CVSField.h"
 
-class CVSFFloat : public CVSField {
+class CVSCENE_API CVSFFloat : public CVSField {
     DECLARE_DYNAMIC(CVSFFloat)
 public:
     CVSFFloat();

@@ -1,8 +1,9 @@
 #pragma once
 // One 32-bit integer (field type 275), 0 after construction.
+#include "platform/CVExport.h"
 #include "core/CVSField.h"
 
-class CVSFInt32 : public CVSField {
+class CVSCENE_API CVSFInt32 : public CVSField {
     DECLARE_DYNAMIC(CVSFInt32)
 public:
     CVSFInt32();

@@ -5,12 +5,13 @@
 // itself is safe), and destruction Unrefs the held node, which deletes it when
 // that was its last reference. Not copyable: copies would double-release.
 // Fields of this kind are public members that clients and nodes set directly.
+#include "platform/CVExport.h"
 #include <string>
 
 #include "core/CVSField.h"
 
 template <class T>
-class CVSFNode : public CVSField {
+class CVSCENE_API CVSFNode : public CVSField {
     DECLARE_DYNAMIC_TEMPLATE(CVSFNode, CVSField, ClassName())
 public:
     CVSFNode() : CVSField(CVField::GetSFNodeTokenType()) {}

@@ -2,11 +2,12 @@
 // One axis-angle rotation (field type 277); after construction the default
 // rotation, angle 0 about (0,1,0). The setters are those of CVRotation
 // applied to the held value.
+#include "platform/CVExport.h"
 #include "core/CVSField.h"
 #include "math/CVRotation.h"
 #include "math/CVStructs.h"
 
-class CVSFRotation : public CVSField {
+class CVSCENE_API CVSFRotation : public CVSField {
     DECLARE_DYNAMIC(CVSFRotation)
 public:
     CVSFRotation();

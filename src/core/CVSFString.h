@@ -1,9 +1,10 @@
 #pragma once
 // One wide string (field type 278), empty after construction.
+#include "platform/CVExport.h"
 #include "core/CVSField.h"
 #include "platform/CString.h"
 
-class CVSFString : public CVSField {
+class CVSCENE_API CVSFString : public CVSField {
     DECLARE_DYNAMIC(CVSFString)
 public:
     CVSFString();

@@ -1,8 +1,9 @@
 #pragma once
 // One time in seconds as a double (field type 279), 0 after construction.
+#include "platform/CVExport.h"
 #include "core/CVSField.h"
 
-class CVSFTime : public CVSField {
+class CVSCENE_API CVSFTime : public CVSField {
     DECLARE_DYNAMIC(CVSFTime)
 public:
     CVSFTime();

@@ -2,9 +2,10 @@
 // Base of the fields that hold exactly one value. Their text setters accept
 // white space only between numbers and scan straight into the value, so
 // components the text does not supply keep what they held.
+#include "platform/CVExport.h"
 #include "core/CVField.h"
 
-class CVSField : public CVField {
+class CVSCENE_API CVSField : public CVField {
     DECLARE_DYNAMIC(CVSField)
 public:
     CVSField() = default;

@@ -2,6 +2,7 @@
 // Traversal state owned by an action and handed to every Render and
 // ComputeBoundingBox: the path of grouping nodes, the current depth, the
 // path-recording (identification) flag and the render pass.
+#include "platform/CVExport.h"
 #include "base/CVBase.h"
 #include "core/CVNode.h"
 
@@ -13,7 +14,7 @@ enum CVRenderPass {
     CVRenderPassAnnotation = 3,   // the annotation list replayed
 };
 
-class CVState : public CVBase {
+class CVSCENE_API CVState : public CVBase {
     DECLARE_DYNAMIC(CVState)
 public:
     CVState();

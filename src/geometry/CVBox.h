@@ -15,11 +15,12 @@
 // - While picking only the faces are drawn, without normals or texture
 //   coordinates.
 // The pick detail always names the front part.
+#include "platform/CVExport.h"
 #include "core/CVSFVec3f.h"
 #include "geometry/CVGeometry.h"
 #include "math/CVStructs.h"
 
-class CVBox : public CVGeometry {
+class CVSCENE_API CVBox : public CVGeometry {
     DECLARE_DYNAMIC(CVBox)
 public:
     // In the order of the cube's faces.

@@ -1,9 +1,10 @@
 #pragma once
 // Pick detail of a box: the box that was hit (borrowed) and the part.
+#include "platform/CVExport.h"
 #include "geometry/CVDetail.h"
 #include "geometry/CVBox.h"
 
-class CVBoxDetail : public CVDetail {
+class CVSCENE_API CVBoxDetail : public CVDetail {
     DECLARE_DYNAMIC(CVBoxDetail)
 public:
     explicit CVBoxDetail(CVBox* geometry) : m_pGeometry(geometry) {}

@@ -9,11 +9,12 @@
 // side normals are horizontal (they ignore the slope) and the base gets
 // planar texture coordinates; a zero radius makes them non-finite. The pick
 // detail always names the side.
+#include "platform/CVExport.h"
 #include "core/CVSFBool.h"
 #include "core/CVSFFloat.h"
 #include "geometry/CVGeometry.h"
 
-class CVCone : public CVGeometry {
+class CVSCENE_API CVCone : public CVGeometry {
     DECLARE_DYNAMIC(CVCone)
 public:
     enum Part { Sides = 0, Bottom = 1 };

@@ -1,9 +1,10 @@
 #pragma once
 // Pick detail of a cone: the cone that was hit (borrowed) and the part.
+#include "platform/CVExport.h"
 #include "geometry/CVDetail.h"
 #include "geometry/CVCone.h"
 
-class CVConeDetail : public CVDetail {
+class CVSCENE_API CVConeDetail : public CVDetail {
     DECLARE_DYNAMIC(CVConeDetail)
 public:
     explicit CVConeDetail(CVCone* geometry) : m_pGeometry(geometry) {}

@@ -18,12 +18,13 @@
 //   GL_LINE.
 // The constructor sets the Antialiased flag. The pick detail always names the
 // side.
+#include "platform/CVExport.h"
 #include "core/CVSFBool.h"
 #include "core/CVSFFloat.h"
 #include "geometry/CVGeometry.h"
 #include "math/CVStructs.h"
 
-class CVCylinder : public CVGeometry {
+class CVSCENE_API CVCylinder : public CVGeometry {
     DECLARE_DYNAMIC(CVCylinder)
 public:
     enum Part { Top = 0, Sides = 1, Bottom = 2 };

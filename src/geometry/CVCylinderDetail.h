@@ -1,9 +1,10 @@
 #pragma once
 // Pick detail of a cylinder: the cylinder that was hit (borrowed) and the part.
+#include "platform/CVExport.h"
 #include "geometry/CVDetail.h"
 #include "geometry/CVCylinder.h"
 
-class CVCylinderDetail : public CVDetail {
+class CVSCENE_API CVCylinderDetail : public CVDetail {
     DECLARE_DYNAMIC(CVCylinderDetail)
 public:
     explicit CVCylinderDetail(CVCylinder* geometry) : m_pGeometry(geometry) {}

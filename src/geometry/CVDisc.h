@@ -2,10 +2,11 @@
 // A flat hexagon in the z = 0 plane, scaled by `size` and facing +z, drawn
 // from static vertex arrays with both sides visible (culling is off while it
 // draws). No pick detail.
+#include "platform/CVExport.h"
 #include "core/CVSFVec3f.h"
 #include "geometry/CVGeometry.h"
 
-class CVDisc : public CVGeometry {
+class CVSCENE_API CVDisc : public CVGeometry {
     DECLARE_DYNAMIC(CVDisc)
 public:
     CVDisc();

@@ -10,11 +10,12 @@
 //
 // Hazard: a memory DC freshly made with CreateCompatibleDC reports 1 bit
 // until a bitmap is selected into it, and so yields 32 bits here.
+#include "platform/CVExport.h"
 #include "base/CVBase.h"
 #include "platform/CString.h"
 #include "platform/WinGDI.h"
 
-class CSimpleDIB : public CVBase {
+class CVSCENE_API CSimpleDIB : public CVBase {
     DECLARE_DYNAMIC(CSimpleDIB)
 public:
     CSimpleDIB() = default;

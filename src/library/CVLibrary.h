@@ -1,4 +1,5 @@
 #pragma once
+#include "platform/CVExport.h"
 // Load and unload of the library: the counterpart of process attach and
 // detach. Attach runs when the shared object is loaded (before main for hosts
 // that link it), Detach when it is unloaded. Both are idempotent.
@@ -31,7 +32,7 @@
 // cache manager, the first name space (after the cache manager, so that a
 // failure there finds the manager), search-path state. Detach: the name
 // spaces closed, the cache manager deleted, the search-path state dropped.
-class CVLibrary {
+class CVSCENE_API CVLibrary {
 public:
     static void Attach();
     static void Detach();
@@ -48,8 +49,8 @@ public:
 
 // Entry points kept for hosts written against the extension-module interface.
 extern "C" {
-void InitDLL();
-int DllCanUnloadNow();
-void SetDllLockedFlag();
-void ClearDllLockedFlag();
+CVSCENE_API void InitDLL();
+CVSCENE_API int DllCanUnloadNow();
+CVSCENE_API void SetDllLockedFlag();
+CVSCENE_API void ClearDllLockedFlag();
 }

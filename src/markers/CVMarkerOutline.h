@@ -6,6 +6,7 @@
 //
 // Caps are single GL_POLYGONs, concave outlines included: the rasteriser's
 // fan from the first point is the intended drawing. No texture coordinates.
+#include "platform/CVExport.h"
 #include <GL/gl.h>
 
 #include <cstddef>
@@ -13,7 +14,7 @@
 
 #include "math/CVStructs.h"
 
-class CVMarkerOutline {
+class CVSCENE_API CVMarkerOutline {
 public:
     // outline: count (x, z) points, the last equal to the first.
     CVMarkerOutline(const Point2fStruct* outline, int count);

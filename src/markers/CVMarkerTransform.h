@@ -4,10 +4,11 @@
 // turn about x) when asked and the geometry carries the Marker flag, and
 // scales by size; a negative size.x scales by the negated size and switches
 // polygons to lines, which stay lines after the scope. The destructor pops.
+#include "platform/CVExport.h"
 #include "geometry/CVGeometry.h"
 #include "math/CVStructs.h"
 
-class CVMarkerTransform {
+class CVSCENE_API CVMarkerTransform {
 public:
     CVMarkerTransform(const CVGeometry& geometry, const Point3fStruct& size, int turnMarker);
     ~CVMarkerTransform();

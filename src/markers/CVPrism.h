@@ -6,10 +6,11 @@
 // polygon mode stays GL_LINE). Not VRML-compliant with a tiled texture, the
 // sides stretch the texture by size.y / size.x. Drawn from static tables every
 // time; no pick detail. The constructor sets the Antialiased flag.
+#include "platform/CVExport.h"
 #include "core/CVSFVec3f.h"
 #include "geometry/CVGeometry.h"
 
-class CVPrism : public CVGeometry {
+class CVSCENE_API CVPrism : public CVGeometry {
     DECLARE_DYNAMIC(CVPrism)
 public:
     CVPrism();

@@ -1,9 +1,10 @@
 #pragma once
 // An X marker: the cross turned by 45 degrees about z. Fields and bounding box
 // are the cross's.
+#include "platform/CVExport.h"
 #include "markers/CVCross.h"
 
-class CVXShape : public CVCross {
+class CVSCENE_API CVXShape : public CVCross {
     DECLARE_DYNAMIC(CVXShape)
 public:
     CVXShape() = default;

@@ -3,12 +3,13 @@
 // optional owned list of clip planes so that boxes of clipped content shrink to
 // the clipped region. A box is empty when any size component is below 0; after
 // construction and MakeEmpty the size is (-1,-1,-1) and the center (0,0,0).
+#include "platform/CVExport.h"
 #include "base/CVBase.h"
 #include "math/CVMatrix.h"
 #include "math/CVStructs.h"
 #include "platform/CList.h"
 
-class CVBox3f : public CVBase {
+class CVSCENE_API CVBox3f : public CVBase {
     DECLARE_DYNAMIC(CVBox3f)
 public:
     // A clip plane: normal and distance.

@@ -1,10 +1,11 @@
 #pragma once
 // Plane: the set of p with normal.p + d = 0.
+#include "platform/CVExport.h"
 #include "math/CVVector.h"
 
 class CVRay;
 
-class CVPlane {
+class CVSCENE_API CVPlane {
 public:
     // Normal (0,0,1), distance 0.
     CVPlane() : m_normal(0.0f, 0.0f, 1.0f), m_fDistance(0.0f) {}

@@ -1,10 +1,11 @@
 #pragma once
 // Quaternion: four floats x, y, z, w behind a virtual table.
 // The default constructor gives (0, 0, 0, 0).
+#include "platform/CVExport.h"
 #include "math/CVStructs.h"
 #include "math/CVVector.h"
 
-class CVQuaternion {
+class CVSCENE_API CVQuaternion {
 public:
     // Composition orders for ConvertXYZtoQuaternion. The letters name the
     // factors of the quaternion product from left to right, with qx, qy, qz

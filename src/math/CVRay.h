@@ -1,9 +1,10 @@
 #pragma once
 // Ray: direction, then origin. Default construction leaves both
 // vectors uninitialised.
+#include "platform/CVExport.h"
 #include "math/CVVector.h"
 
-class CVRay {
+class CVSCENE_API CVRay {
 public:
     CVRay() = default;
     CVRay(const CVRay&) = default;

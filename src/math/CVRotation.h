@@ -1,10 +1,11 @@
 #pragma once
 // Axis-angle rotation: four floats in the order angle, axis x,
 // axis y, axis z. No virtual table. Default: angle 0 about (0,1,0).
+#include "platform/CVExport.h"
 #include "math/CVStructs.h"
 #include "math/CVVector.h"
 
-class CVRotation {
+class CVSCENE_API CVRotation {
 public:
     CVRotation() : m_fAngle(0.0f), m_fX(0.0f), m_fY(1.0f), m_fZ(0.0f) {}
     CVRotation(float x, float y, float z, float angle) : m_fAngle(angle), m_fX(x), m_fY(y), m_fZ(z) {}

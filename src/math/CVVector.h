@@ -1,11 +1,12 @@
 #pragma once
 // Three-float vector. A plain value: no virtual table, no base, and
 // a default-constructed vector is left uninitialised.
+#include "platform/CVExport.h"
 #include "math/CVStructs.h"
 
 class CVPlane;
 
-class CVVector {
+class CVSCENE_API CVVector {
 public:
     float x, y, z;
 

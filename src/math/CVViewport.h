@@ -1,8 +1,9 @@
 #pragma once
+#include "platform/CVExport.h"
 // Integer viewport rectangle with its aspect ratio.
 // Default: (0, 0, 1, 1) with aspect 1.
 
-class CVViewport {
+class CVSCENE_API CVViewport {
 public:
     CVViewport() : m_nLeft(0), m_nBottom(0), m_nWidth(1), m_nHeight(1), m_fAspectRatio(1.0f) {}
     CVViewport(int left, int bottom, int width, int height) { Set(left, bottom, width, height); }

@@ -11,13 +11,14 @@
 //
 // The texture transform is not applied here: the shape brackets its geometry
 // with the transform's PushMatrix, Apply and PopMatrix.
+#include "platform/CVExport.h"
 #include "core/CVNode.h"
 #include "core/CVSFNode.h"
 #include "nodes/CVMaterial.h"
 #include "nodes/CVTexture.h"
 #include "nodes/CVTextureTransform.h"
 
-class CVAppearance : public CVNode {
+class CVSCENE_API CVAppearance : public CVNode {
     DECLARE_DYNAMIC(CVAppearance)
 public:
     CVAppearance() = default;

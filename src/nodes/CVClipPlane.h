@@ -7,12 +7,13 @@
 //
 // For the bounding-box action the node adds its plane to the box as clip
 // info, so boxes of clipped content shrink (only for axis-aligned normals).
+#include "platform/CVExport.h"
 #include "core/CVChild.h"
 #include "core/CVSFBool.h"
 #include "core/CVSFFloat.h"
 #include "core/CVSFVec3f.h"
 
-class CVClipPlane : public CVChild {
+class CVSCENE_API CVClipPlane : public CVChild {
     DECLARE_DYNAMIC(CVClipPlane)
 public:
     CVClipPlane();

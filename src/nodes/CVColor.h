@@ -1,11 +1,12 @@
 #pragma once
 // A list of colours held for geometry that colours its parts (vertices,
 // faces, levels). Draws nothing.
+#include "platform/CVExport.h"
 #include "core/CVMFColor.h"
 #include "core/CVNode.h"
 #include "math/CVStructs.h"
 
-class CVColor : public CVNode {
+class CVSCENE_API CVColor : public CVNode {
     DECLARE_DYNAMIC(CVColor)
 public:
     CVColor() = default;

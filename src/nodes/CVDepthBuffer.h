@@ -9,6 +9,7 @@
 // walks it again from that list after the transparent shapes (pass 3), when
 // it draws normally; so annotations drawn with depthTest FALSE land on top of
 // everything. Other actions (bounds, picking: pass 0) walk it as a group.
+#include "platform/CVExport.h"
 #include "core/CVSFBool.h"
 #include "nodes/CVGroup.h"
 
@@ -16,7 +17,7 @@
 // is driven by deferAsAnnotation.
 enum CVDepthBufferWhen { CVDepthBufferInScene = 0, CVDepthBufferAfterScene = 1 };
 
-class CVDepthBuffer : public CVGroup {
+class CVSCENE_API CVDepthBuffer : public CVGroup {
     DECLARE_DYNAMIC(CVDepthBuffer)
 public:
     explicit CVDepthBuffer(CVDepthBufferWhen when = CVDepthBufferInScene);

@@ -24,11 +24,12 @@
 // change releases the old texture only in the area being drawn; other areas
 // the node was drawn in keep it, as they keep the elements of a destroyed
 // node, until the area goes (nodes make no GL calls when destroyed).
+#include "platform/CVExport.h"
 #include "core/CVMFString.h"
 #include "nodes/CVTexture.h"
 #include "nodes/CVTextureCacheElement.h"
 
-class CVImageTexture : public CVTexture {
+class CVSCENE_API CVImageTexture : public CVTexture {
     DECLARE_DYNAMIC(CVImageTexture)
 public:
     CVImageTexture() = default;

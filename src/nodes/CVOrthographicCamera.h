@@ -1,9 +1,10 @@
 #pragma once
 // A camera with a parallel projection: a view volume height (times the world
 // inflation factor) high and height * aspect wide, centred on the view axis.
+#include "platform/CVExport.h"
 #include "nodes/CVCamera.h"
 
-class CVOrthographicCamera : public CVCamera {
+class CVSCENE_API CVOrthographicCamera : public CVCamera {
     DECLARE_DYNAMIC(CVOrthographicCamera)
 public:
     CVOrthographicCamera();

@@ -2,11 +2,12 @@
 // Polygon offset for the shapes drawn after it: enables or disables the fill,
 // line and point offsets after its three flags and sets factor and units.
 // Everything is off and zero by default, so a default node turns offsets off.
+#include "platform/CVExport.h"
 #include "core/CVChild.h"
 #include "core/CVSFBool.h"
 #include "core/CVSFFloat.h"
 
-class CVPolygonOffset : public CVChild {
+class CVSCENE_API CVPolygonOffset : public CVChild {
     DECLARE_DYNAMIC(CVPolygonOffset)
 public:
     CVPolygonOffset() = default;

@@ -6,11 +6,12 @@
 //
 // Walked along a path, the chosen child is walked with the next path index,
 // whatever the path holds there.
+#include "platform/CVExport.h"
 #include "core/CVChild.h"
 #include "core/CVMFNode.h"
 #include "core/CVSFInt32.h"
 
-class CVSwitch : public CVChild {
+class CVSCENE_API CVSwitch : public CVChild {
     DECLARE_DYNAMIC(CVSwitch)
 public:
     CVSwitch();

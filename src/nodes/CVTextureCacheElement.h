@@ -9,10 +9,11 @@
 //
 // The destructor deletes the texture object in whatever context is current;
 // the cache deletes elements with its own area's context current.
+#include "platform/CVExport.h"
 #include "platform/CString.h"
 #include "render/CVCacheElement.h"
 
-class CVTextureCacheElement : public CVCacheElement {
+class CVSCENE_API CVTextureCacheElement : public CVCacheElement {
     DECLARE_DYNAMIC(CVTextureCacheElement)
 public:
     CVTextureCacheElement(const CString& imageName, int tileMode);

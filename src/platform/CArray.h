@@ -4,6 +4,7 @@
 // geometrically. Every index
 // outside the array throws CInvalidArgException, except where growing is the
 // point (SetAtGrow, InsertAt past the end).
+#include "platform/CVExport.h"
 #include <algorithm>
 #include <new>
 #include <stdexcept>
@@ -14,7 +15,7 @@
 #include "platform/WinTypes.h"
 
 template <class TYPE, class ARG_TYPE = const TYPE&>
-class CArray {
+class CVSCENE_API CArray {
 public:
     CArray() = default;
     CArray(const CArray& other) = default;

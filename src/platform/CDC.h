@@ -3,12 +3,13 @@
 // and DeleteDC delete the DC; Detach gives it up. FromHandle makes a
 // temporary, non-owning wrapper that lives until DeleteTempMap (per thread).
 // The drawing members forward to the GDI calls of the same name.
+#include "platform/CVExport.h"
 #include "platform/CObject.h"
 #include "platform/WinGDI.h"
 
 class CPalette;
 
-class CDC : public CObject {
+class CVSCENE_API CDC : public CObject {
     DECLARE_DYNAMIC(CDC)
 public:
     CDC() = default;

@@ -1,10 +1,11 @@
 #pragma once
 // Exception family of the framework. Thrown by value; catch by reference.
 // Messages start with the function that raised them.
+#include "platform/CVExport.h"
 #include <exception>
 #include <string>
 
-class CException : public std::exception {
+class CVSCENE_API CException : public std::exception {
 public:
     explicit CException(std::string message = "CException");
     const char* what() const noexcept override;
@@ -14,16 +15,16 @@ private:
 };
 
 // An index or argument outside what the callee accepts.
-class CInvalidArgException : public CException {
+class CVSCENE_API CInvalidArgException : public CException {
 public:
     explicit CInvalidArgException(const std::string& message = "invalid argument");
 };
 
 // Memory could not be had.
-class CMemoryException : public CException {
+class CVSCENE_API CMemoryException : public CException {
 public:
     explicit CMemoryException(const std::string& message = "out of memory");
 };
 
-[[noreturn]] void AfxThrowInvalidArgException(const std::string& where);
-[[noreturn]] void AfxThrowMemoryException(const std::string& where);
+[[noreturn]] CVSCENE_API void AfxThrowInvalidArgException(const std::string& where);
+[[noreturn]] CVSCENE_API void AfxThrowMemoryException(const std::string& where);

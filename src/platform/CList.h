@@ -2,6 +2,7 @@
 // Doubly linked list addressed by POSITION values, with the framework's names.
 // A POSITION is the address of the element's node; it stays valid until that
 // element is removed.
+#include "platform/CVExport.h"
 #include <string>
 #include <utility>
 
@@ -9,7 +10,7 @@
 #include "platform/WinTypes.h"
 
 template <class TYPE, class ARG_TYPE = const TYPE&>
-class CList {
+class CVSCENE_API CList {
     struct Node {
         Node* pNext;
         Node* pPrev;

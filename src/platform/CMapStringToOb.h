@@ -1,12 +1,13 @@
 #pragma once
 // Hash map from a wide string to an object pointer, compared case-sensitively.
 // The typed form fixes the value type.
+#include "platform/CVExport.h"
 #include <unordered_map>
 
 #include "platform/CString.h"
 
 template <class VALUE>
-class CTypedStringMap {
+class CVSCENE_API CTypedStringMap {
 public:
     explicit CTypedStringMap(INT_PTR nBlockSize = 10) : m_nBlockSize(nBlockSize) {}
 
@@ -37,14 +38,14 @@ private:
 };
 
 class CObject;
-class CMapStringToOb : public CTypedStringMap<CObject*> {
+class CVSCENE_API CMapStringToOb : public CTypedStringMap<CObject*> {
 public:
     using CTypedStringMap<CObject*>::CTypedStringMap;
 };
 
 // The framework's typed wrapper over a base map; only the string-keyed base is offered.
 template <class BASE_CLASS, class KEY, class VALUE>
-class CTypedPtrMap : public CTypedStringMap<VALUE> {
+class CVSCENE_API CTypedPtrMap : public CTypedStringMap<VALUE> {
 public:
     using CTypedStringMap<VALUE>::CTypedStringMap;
 };

@@ -1,13 +1,14 @@
 #pragma once
 // Root of the object model: a run-time class record per class, type tests by
 // walking the base links, and the three diagnostic hooks every class keeps.
+#include "platform/CVExport.h"
 #include "platform/WinTypes.h"
 
 class CObject;
-class CArchive {};      // serialisation is not supported; the hook keeps its shape
-class CDumpContext {};  // diagnostics sink; likewise only the shape
+class CVSCENE_API CArchive {};      // serialisation is not supported; the hook keeps its shape
+class CVSCENE_API CDumpContext {};  // diagnostics sink; likewise only the shape
 
-struct CRuntimeClass {
+struct CVSCENE_API CRuntimeClass {
     const char* m_lpszClassName;
     int m_nObjectSize;
     UINT m_wSchema;                          // 0xFFFF: not serialisable
@@ -19,7 +20,7 @@ struct CRuntimeClass {
     BOOL IsDerivedFrom(const CRuntimeClass* pClass) const;
 };
 
-class CObject {
+class CVSCENE_API CObject {
 public:
     virtual CRuntimeClass* GetRuntimeClass() const;
     virtual ~CObject() = default;

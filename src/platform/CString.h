@@ -1,11 +1,12 @@
 #pragma once
 // Wide-character string with the framework's member names. Eight-bit text
 // converts as UTF-8 in both directions; wchar_t is 32-bit here.
+#include "platform/CVExport.h"
 #include <string>
 
 #include "platform/WinTypes.h"
 
-class CString {
+class CVSCENE_API CString {
 public:
     CString() = default;
     CString(const wchar_t* text);
@@ -71,8 +72,8 @@ bool operator!=(const CString& a, const wchar_t* b);
 bool operator<(const CString& a, const CString& b);
 
 // Byte-level conversions shared by the platform layer.
-std::wstring CVUTF8ToWide(const char* utf8);
-std::string CVWideToUTF8(const wchar_t* text);
+CVSCENE_API std::wstring CVUTF8ToWide(const char* utf8);
+CVSCENE_API std::string CVWideToUTF8(const wchar_t* text);
 
 struct CStringHash {
     size_t operator()(const CString& s) const { return std::hash<std::wstring>()(s.str()); }

@@ -1,9 +1,11 @@
 #pragma once
 // File lookup in the shape of the system call.
+#include "platform/CVExport.h"
 #include "platform/WinTypes.h"
 
 #define MAX_PATH 260
 
+#ifdef CVSCENE_INTERNAL
 // Looks for fileName and writes its full path (absolute, "." and ".."
 // resolved by name) into buffer.
 // - path given: only that folder. Null: the current directory, then each
@@ -18,6 +20,7 @@
 // is found or fileName is null or empty. filePart, when not null, receives
 // the start of the file's name inside buffer on success.
 DWORD SearchPathW(LPCWSTR path, LPCWSTR fileName, LPCWSTR ext, DWORD bufferLength, LPWSTR buffer, LPWSTR* filePart);
+#endif
 
 // Global memory blocks: the container in which packed DIBs and other
 // clipboard-style data travel between a host and the library. A handle names
@@ -35,14 +38,16 @@ typedef size_t SIZE_T;
 #define GHND (GMEM_MOVEABLE | GMEM_ZEROINIT)
 #define GPTR (GMEM_FIXED | GMEM_ZEROINIT)
 
+#ifdef CVSCENE_INTERNAL
 // Null for zero bytes, unknown flags or when memory runs out.
 HGLOBAL GlobalAlloc(UINT flags, SIZE_T bytes);
+#endif
 // The block's first byte; counts a lock on movable blocks. Null for a bad handle.
-LPVOID GlobalLock(HGLOBAL mem);
+CVSCENE_API LPVOID GlobalLock(HGLOBAL mem);
 // Drops one lock: TRUE while locks remain, FALSE otherwise (and for fixed
 // blocks, which are never locked).
-BOOL GlobalUnlock(HGLOBAL mem);
+CVSCENE_API BOOL GlobalUnlock(HGLOBAL mem);
 // Null on success; the handle itself when it names no live block.
-HGLOBAL GlobalFree(HGLOBAL mem);
+CVSCENE_API HGLOBAL GlobalFree(HGLOBAL mem);
 // Bytes in the block; 0 for a bad handle.
-SIZE_T GlobalSize(HGLOBAL mem);
+CVSCENE_API SIZE_T GlobalSize(HGLOBAL mem);

@@ -21,6 +21,7 @@
 //   rectangle given bottom-up still covers its area. Opposite extent signs in
 //   StretchBlt mirror. Every stretch mode scales by nearest neighbour (each
 //   destination pixel takes the source pixel under its centre).
+#include "platform/CVExport.h"
 #include "platform/WinTypes.h"
 
 struct HDC__;
@@ -172,6 +173,14 @@ struct LOGBRUSH {
 
 #define HGDI_ERROR ((HGDIOBJ)(intptr_t)-1)
 
+// For hosts: bitmaps that the library hands over are freed with
+// DeleteObject; memory DCs are made with CSimpleDIB or CDC.
+// Brings GL's current frame into the DIB of every memory DC with a context.
+CVSCENE_API BOOL GdiFlush();
+// Fails for a bitmap selected into a DC; stock objects stay (TRUE).
+CVSCENE_API BOOL DeleteObject(HGDIOBJ obj);
+
+#ifdef CVSCENE_INTERNAL
 // Device contexts.
 // A memory DC with the stock 1x1 mono bitmap, white brush and default palette
 // selected; hdc, when given, must be a valid DC.
@@ -186,8 +195,6 @@ HGDIOBJ GetCurrentObject(HDC hdc, UINT type);
 // bitmap; HORZRES and VERTRES are its size (a window DC: the window's size).
 int GetDeviceCaps(HDC hdc, int index);
 DWORD GetObjectType(HGDIOBJ obj);
-// Brings GL's current frame into the DIB of every memory DC with a context.
-BOOL GdiFlush();
 
 // Bitmaps.
 // 1, 4, 8, 16, 24 or 32 bits; BI_RGB, or BI_BITFIELDS for 16 and 32 bits
@@ -204,8 +211,6 @@ HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitCount, const vo
 // BITMAP (or DIBSECTION for a DIB section when size allows), LOGBRUSH, or a
 // palette's entry count (WORD). A null out returns the size of the largest.
 int GetObjectW(HGDIOBJ obj, int size, void* out);
-// Fails for a bitmap selected into a DC; stock objects stay (TRUE).
-BOOL DeleteObject(HGDIOBJ obj);
 UINT SetDIBColorTable(HDC hdc, UINT start, UINT count, const RGBQUAD* colors);
 UINT GetDIBColorTable(HDC hdc, UINT start, UINT count, RGBQUAD* colors);
 // Copies a bitmap's pixels into a DIB of the format info's header gives: 1,
@@ -253,3 +258,4 @@ UINT GetPaletteEntries(HPALETTE palette, UINT start, UINT count, PALETTEENTRY* e
 BOOL SetRect(RECT* rect, int left, int top, int right, int bottom);
 BOOL IsRectEmpty(const RECT* rect);
 BOOL IntersectRect(RECT* out, const RECT* a, const RECT* b);
+#endif  // CVSCENE_INTERNAL

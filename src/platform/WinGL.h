@@ -34,6 +34,7 @@
 // it; SwapBuffers and GdiFlush bring the whole frame into the DIB (see
 // CVGdiDC.h for the rules). Deleting the context drops the pbuffer; the DIB
 // keeps what was last brought into it.
+#include "platform/CVExport.h"
 #include "platform/WinGDI.h"
 
 struct HGLRC__;
@@ -84,6 +85,7 @@ static_assert(sizeof(PIXELFORMATDESCRIPTOR) == 40, "PIXELFORMATDESCRIPTOR is 40 
 #define PFD_DEPTH_DONTCARE 0x20000000
 #define PFD_DOUBLEBUFFER_DONTCARE 0x40000000
 
+#ifdef CVSCENE_INTERNAL
 int ChoosePixelFormat(HDC hdc, const PIXELFORMATDESCRIPTOR* pfd);
 int DescribePixelFormat(HDC hdc, int format, UINT size, PIXELFORMATDESCRIPTOR* pfd);
 BOOL SetPixelFormat(HDC hdc, int format, const PIXELFORMATDESCRIPTOR* pfd);
@@ -96,19 +98,22 @@ HGLRC wglGetCurrentContext();
 HDC wglGetCurrentDC();
 // Memory DC: glFinish and GL's frame into the DIB. Window DC: glXSwapBuffers.
 BOOL SwapBuffers(HDC hdc);
+#endif
 
 // A window DC over an X11 window, for hosts with their own X11 or toolkit
 // window; null for a null display or a window the server does not know. The
 // display and window stay the host's and must outlive the DC and its GLX
 // contexts; ReleaseWindowDC frees the DC.
 struct _XDisplay;
-HDC CreateWindowDC(_XDisplay* display, unsigned long window);
-void ReleaseWindowDC(HDC hdc);
+CVSCENE_API HDC CreateWindowDC(_XDisplay* display, unsigned long window);
+CVSCENE_API void ReleaseWindowDC(HDC hdc);
 
+#ifdef CVSCENE_INTERNAL
 // Error reporting as the system does it: the last error code of this thread.
 // Failing GDI and WGL calls set one of the codes below.
 DWORD GetLastError();
 void SetLastError(DWORD code);
+#endif
 
 #define ERROR_SUCCESS 0
 #define ERROR_INVALID_HANDLE 6

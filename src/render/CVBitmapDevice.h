@@ -1,8 +1,9 @@
 #pragma once
 // Device over a memory DC with a 32- or 16-bit DIB section selected.
+#include "platform/CVExport.h"
 #include "render/CVGLDevice.h"
 
-class CVBitmapDevice : public CVGLDevice {
+class CVSCENE_API CVBitmapDevice : public CVGLDevice {
 public:
     explicit CVBitmapDevice(HDC hdc);
 

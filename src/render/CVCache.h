@@ -4,13 +4,14 @@
 // same key, and deleted when the last user releases them. The cache owns its
 // elements; deleting the cache deletes any left, so the owning context must
 // be current then.
+#include "platform/CVExport.h"
 #include <unordered_map>
 
 #include "base/CVBase.h"
 #include "platform/CList.h"
 #include "render/CVCacheElement.h"
 
-class CVCache : public CVBase {
+class CVSCENE_API CVCache : public CVBase {
     DECLARE_DYNAMIC(CVCache)
 public:
     CVCache();

@@ -8,6 +8,7 @@
 // Ring caches replace strictly round-robin: the 129th new entry of a kind
 // reuses entry 0 and its list id. Lookup scans all entries and only accepts
 // an entry whose list exists in the current context (glIsList).
+#include "platform/CVExport.h"
 #include "base/CVBase.h"
 #include "math/CVStructs.h"
 #include "platform/WinGDI.h"
@@ -16,7 +17,7 @@ class CVGLAction;
 class CVGLRenderArea;
 class CVImageMapSource;
 
-class CVCacheManager : public CVBase {
+class CVSCENE_API CVCacheManager : public CVBase {
     DECLARE_DYNAMIC(CVCacheManager)
 public:
     static const int kRingSize = 128;
@@ -99,5 +100,7 @@ private:
 };
 
 // The manager the library created at load; null outside load and unload.
-CVCacheManager* CVGetCacheManagerPtr();
+CVSCENE_API CVCacheManager* CVGetCacheManagerPtr();
+#ifdef CVSCENE_INTERNAL
 void CVSetCacheManagerPtr(CVCacheManager* manager);
+#endif

@@ -1,8 +1,9 @@
 #pragma once
 // One user of a cache element: the node (or other owner) that holds it.
+#include "platform/CVExport.h"
 #include "base/CVBase.h"
 
-class CVCacheUser : public CVBase {
+class CVSCENE_API CVCacheUser : public CVBase {
     DECLARE_DYNAMIC(CVCacheUser)
 public:
     explicit CVCacheUser(const void* owner) : m_pOwner(owner) {}

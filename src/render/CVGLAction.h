@@ -5,12 +5,13 @@
 // current: callers make the area current before applying.
 //
 // The action holds one reference on its render area for its whole life.
+#include "platform/CVExport.h"
 #include "core/CVAction.h"
 
 class CVGLDevice;
 class CVGLRenderArea;
 
-class CVGLAction : public CVAction {
+class CVSCENE_API CVGLAction : public CVAction {
     DECLARE_DYNAMIC(CVGLAction)
 public:
     // Refs area (null is allowed and held as null).

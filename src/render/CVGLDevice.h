@@ -2,9 +2,10 @@
 // Owner of a device context's pixel format. Abstract: CVWindowDevice targets a
 // window, CVBitmapDevice a memory DC with a DIB section selected. The HDC is
 // the caller's and must outlive every render area made on the device.
+#include "platform/CVExport.h"
 #include "platform/WinGL.h"
 
-class CVGLDevice {
+class CVSCENE_API CVGLDevice {
 public:
     explicit CVGLDevice(HDC hdc);
     CVGLDevice(const CVGLDevice& other) = default;

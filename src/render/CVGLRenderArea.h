@@ -9,6 +9,7 @@
 // The world inflation factor is process-wide: every area's GL viewport (and
 // every camera's frustum) is enlarged by it, and a scissor clips back to the
 // window rectangle.
+#include "platform/CVExport.h"
 #include <limits>
 #include <vector>
 
@@ -26,7 +27,7 @@ class CVNode;
 class CVState;
 struct IUnknown;
 
-class CVGLRenderArea : public CVRefCount {
+class CVSCENE_API CVGLRenderArea : public CVRefCount {
     DECLARE_DYNAMIC(CVGLRenderArea)
 public:
     enum TextureFunction { Decal = 0, Modulate = 1, Blend = 2 };

@@ -1,4 +1,5 @@
 #pragma once
+#include "platform/CVExport.h"
 // What the image-map colour code (CVCacheManager::SetImageMapColor) reads of
 // a geometry. Geometry lies above the cache manager, so CVGeometry implements
 // this and the manager sees nothing else of it.
@@ -12,7 +13,7 @@ struct CVImageMapKeyStruct {
     short nOverlayIndex;
 };
 
-class CVImageMapSource {
+class CVSCENE_API CVImageMapSource {
 public:
     virtual CVImageMapKeyStruct GetImageMapKey() const = 0;
 

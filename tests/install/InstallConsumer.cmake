@@ -13,6 +13,13 @@ foreach(step
     message(FATAL_ERROR "step failed (${rc}): ${step}\n${out}\n${err}")
   endif()
 endforeach()
+# The library's own headers stay out of the install.
+file(STRINGS ${INTERNAL_HEADERS} internal REGEX "^[^#]")
+foreach(header IN LISTS internal)
+  if(EXISTS ${prefix}/include/cvscene/${header})
+    message(FATAL_ERROR "internal header installed: ${header}")
+  endif()
+endforeach()
 set(pcdir ${prefix}/lib/pkgconfig)
 if(NOT EXISTS ${pcdir}/cvscene.pc)
   set(pcdir ${prefix}/lib/x86_64-linux-gnu/pkgconfig)
