@@ -1,8 +1,9 @@
 # cmake -DSOURCE_DIR=<src> -DLAYERS=<table> -P CheckLayers.cmake
 #
 # Every source file sits in a folder of the layer table, and every project
-# include it makes ("layer/Header.h", or <layer/...> naming a layer) names a
-# folder of its own layer or of one listed before it. Anything else fails:
+# include it makes ("layer/Header.h", a header's own "../layer/Header.h" or
+# "Header.h" beside it, or <layer/...> naming a layer) names a folder of its
+# own layer or of one listed before it. Anything else fails:
 # an upward include, an include that names no layer, a folder not in the table.
 include(${CMAKE_CURRENT_LIST_DIR}/CVSceneLayers.cmake)
 get_filename_component(SOURCE_DIR ${SOURCE_DIR} ABSOLUTE)
@@ -35,6 +36,12 @@ foreach(file IN LISTS files)
     set(delimiter "${CMAKE_MATCH_1}")
     set(target "${CMAKE_MATCH_2}")
     set(to)
+    if(delimiter STREQUAL "\"" AND (target MATCHES "^\\.\\./" OR NOT target MATCHES "/"))
+      # Headers name their neighbours relative to themselves.
+      get_filename_component(dir ${file} DIRECTORY)
+      get_filename_component(resolved ${target} ABSOLUTE BASE_DIR ${SOURCE_DIR}/${dir})
+      file(RELATIVE_PATH target ${SOURCE_DIR} ${resolved})
+    endif()
     if(target MATCHES "^([^/]+)/")
       set(to ${CMAKE_MATCH_1})
     endif()

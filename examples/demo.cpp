@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-#include "cvscene.h"
+#include <cvscene/cvscene.h>
 
 namespace {
 

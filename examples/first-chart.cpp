@@ -2,7 +2,7 @@
 // Usage: cvscene-first-chart [file.png]
 #include <cstdio>
 
-#include "cvscene.h"
+#include <cvscene/cvscene.h>
 
 int main(int argc, char** argv) {
     const char* file = argc > 1 ? argv[1] : "first-chart.png";

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "cvscene.h"
+#include <cvscene/cvscene.h>
 
 namespace {
 

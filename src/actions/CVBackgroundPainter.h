@@ -13,11 +13,11 @@
 // another name replaces it and with the painter.
 //
 // The render action holds one and forwards its background setters to it.
-#include "platform/CVExport.h"
-#include "math/CVStructs.h"
-#include "platform/CString.h"
-#include "platform/IUnknown.h"
-#include "platform/WinGDI.h"
+#include "../platform/CVExport.h"
+#include "../math/CVStructs.h"
+#include "../platform/CString.h"
+#include "../platform/IUnknown.h"
+#include "../platform/WinGDI.h"
 
 class CVSCENE_API CVBackgroundPainter {
 public:

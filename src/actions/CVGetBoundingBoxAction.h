@@ -11,11 +11,11 @@
 //
 // Groups are rendered in PreActOn so that nodes reading the current GL
 // matrices see the transforms above them; the walk needs a current context.
-#include "platform/CVExport.h"
-#include "math/CVBox3f.h"
-#include "platform/CArray.h"
-#include "platform/CList.h"
-#include "render/CVGLAction.h"
+#include "../platform/CVExport.h"
+#include "../math/CVBox3f.h"
+#include "../platform/CArray.h"
+#include "../platform/CList.h"
+#include "../render/CVGLAction.h"
 
 class CVCamera;
 

@@ -10,9 +10,9 @@
 //
 // For a group at the end of the path its own matrix is included: the object
 // coordinates are those of its children.
-#include "platform/CVExport.h"
-#include "math/CVStructs.h"
-#include "render/CVGLAction.h"
+#include "../platform/CVExport.h"
+#include "../math/CVStructs.h"
+#include "../render/CVGLAction.h"
 
 class CVSCENE_API CVGetTransformAction : public CVGLAction {
     DECLARE_DYNAMIC(CVGetTransformAction)

@@ -17,14 +17,14 @@
 //
 // Hazard: a headlight that is on becomes the area's light node; the action
 // withdraws it from the area when it is destroyed.
-#include "platform/CVExport.h"
-#include "actions/CVBackgroundPainter.h"
-#include "math/CVStructs.h"
-#include "math/CVViewport.h"
-#include "nodes/CVDirectionalLight.h"
-#include "platform/CString.h"
-#include "platform/WinGDI.h"
-#include "render/CVGLAction.h"
+#include "../platform/CVExport.h"
+#include "CVBackgroundPainter.h"
+#include "../math/CVStructs.h"
+#include "../math/CVViewport.h"
+#include "../nodes/CVDirectionalLight.h"
+#include "../platform/CString.h"
+#include "../platform/WinGDI.h"
+#include "../render/CVGLAction.h"
 
 class CVSCENE_API CVRenderAction : public CVGLAction {
     DECLARE_DYNAMIC(CVRenderAction)

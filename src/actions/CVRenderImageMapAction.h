@@ -20,11 +20,11 @@
 //
 // Cost: every SetViewport makes a new bitmap and a new render area (and so a
 // new GL context) with default settings.
-#include "platform/CVExport.h"
-#include "image/CSimpleDIB.h"
-#include "math/CVViewport.h"
-#include "platform/CDC.h"
-#include "render/CVGLAction.h"
+#include "../platform/CVExport.h"
+#include "../image/CSimpleDIB.h"
+#include "../math/CVViewport.h"
+#include "../platform/CDC.h"
+#include "../render/CVGLAction.h"
 
 class CVBitmapDevice;
 

@@ -12,11 +12,11 @@
 // window.
 //
 // The copy operations take a null CDC* as a null HDC (and so fail).
-#include "platform/CVExport.h"
-#include "actions/CVRenderAction.h"
-#include "image/CSimpleDIB.h"
-#include "platform/CDC.h"
-#include "platform/CPalette.h"
+#include "../platform/CVExport.h"
+#include "CVRenderAction.h"
+#include "../image/CSimpleDIB.h"
+#include "../platform/CDC.h"
+#include "../platform/CPalette.h"
 
 class CVBitmapDevice;
 

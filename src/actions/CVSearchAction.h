@@ -10,10 +10,10 @@
 //
 // A match found with no grouping node above it (the action applied straight
 // to a matching leaf) has no path to report and throws CInvalidArgException.
-#include "platform/CVExport.h"
-#include "core/CVAction.h"
-#include "platform/CArray.h"
-#include "platform/CString.h"
+#include "../platform/CVExport.h"
+#include "../core/CVAction.h"
+#include "../platform/CArray.h"
+#include "../platform/CString.h"
 
 class CVSCENE_API CVSearchAction : public CVAction {
     DECLARE_DYNAMIC(CVSearchAction)

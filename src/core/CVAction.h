@@ -3,9 +3,9 @@
 // PostActOn on the action; grouping nodes bracket their children with
 // PushState/PopState. An action owns its CVState. Clearing the continue flag
 // makes groups skip their remaining children.
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
-#include "core/CVState.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
+#include "CVState.h"
 
 class CVNode;
 

@@ -3,8 +3,8 @@
 // holds its value: changing it notifies nobody (no modified flag, no call back
 // into the owning node), so a node that caches derived data must notice
 // changes through its own setters. Fields are not reference counted.
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
 
 class CVNode;
 

@@ -2,10 +2,10 @@
 // Growable list of RGBA colours, floats 0..1 (field type 282), empty after
 // construction, growing 25 elements at a time. The single colour field holds
 // RGB instead. Index rules: see CVMField.
-#include "platform/CVExport.h"
-#include "core/CVMField.h"
-#include "math/CVStructs.h"
-#include "platform/CArray.h"
+#include "../platform/CVExport.h"
+#include "CVMField.h"
+#include "../math/CVStructs.h"
+#include "../platform/CArray.h"
 
 class CVSCENE_API CVMFColor : public CVMField {
     DECLARE_DYNAMIC(CVMFColor)

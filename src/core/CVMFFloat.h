@@ -1,9 +1,9 @@
 #pragma once
 // Growable list of floats (field type 283), empty after construction, growing
 // 25 elements at a time. Index rules: see CVMField.
-#include "platform/CVExport.h"
-#include "core/CVMField.h"
-#include "platform/CArray.h"
+#include "../platform/CVExport.h"
+#include "CVMField.h"
+#include "../platform/CArray.h"
 
 class CVSCENE_API CVMFFloat : public CVMField {
     DECLARE_DYNAMIC(CVMFFloat)

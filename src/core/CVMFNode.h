@@ -13,12 +13,12 @@
 // (their references leak), and SetSize neither references nor releases, so
 // shrinking leaks the dropped references and growing adds null entries.
 // Not copyable: copies would double-release.
-#include "platform/CVExport.h"
+#include "../platform/CVExport.h"
 #include <string>
 #include <type_traits>
 
-#include "core/CVMField.h"
-#include "platform/CArray.h"
+#include "CVMField.h"
+#include "../platform/CArray.h"
 
 template <class T>
 class CVSCENE_API CVMFNode : public CVMField {

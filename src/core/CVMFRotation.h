@@ -3,11 +3,11 @@
 // construction, growing 25 elements at a time. Index rules: see CVMField,
 // except that the gap left by growing holds default rotations (angle 0 about
 // (0,1,0)) rather than zeros.
-#include "platform/CVExport.h"
-#include "core/CVMField.h"
-#include "math/CVRotation.h"
-#include "math/CVStructs.h"
-#include "platform/CArray.h"
+#include "../platform/CVExport.h"
+#include "CVMField.h"
+#include "../math/CVRotation.h"
+#include "../math/CVStructs.h"
+#include "../platform/CArray.h"
 
 class CVSCENE_API CVMFRotation : public CVMField {
     DECLARE_DYNAMIC(CVMFRotation)

@@ -1,10 +1,10 @@
 #pragma once
 // Growable list of wide strings (field type 286), empty after construction,
 // growing 25 elements at a time. Index rules: see CVMField.
-#include "platform/CVExport.h"
-#include "core/CVMField.h"
-#include "platform/CArray.h"
-#include "platform/CString.h"
+#include "../platform/CVExport.h"
+#include "CVMField.h"
+#include "../platform/CArray.h"
+#include "../platform/CString.h"
 
 class CVSCENE_API CVMFString : public CVMField {
     DECLARE_DYNAMIC(CVMFString)

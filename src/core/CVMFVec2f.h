@@ -1,10 +1,10 @@
 #pragma once
 // Growable list of 2-D points (field type 287), empty after construction,
 // growing 25 elements at a time. Index rules: see CVMField.
-#include "platform/CVExport.h"
-#include "core/CVMField.h"
-#include "math/CVStructs.h"
-#include "platform/CArray.h"
+#include "../platform/CVExport.h"
+#include "CVMField.h"
+#include "../math/CVStructs.h"
+#include "../platform/CArray.h"
 
 class CVSCENE_API CVMFVec2f : public CVMField {
     DECLARE_DYNAMIC(CVMFVec2f)

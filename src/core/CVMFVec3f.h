@@ -1,10 +1,10 @@
 #pragma once
 // Growable list of 3-D points or vectors (field type 288), empty after
 // construction, growing 25 elements at a time. Index rules: see CVMField.
-#include "platform/CVExport.h"
-#include "core/CVMField.h"
-#include "math/CVStructs.h"
-#include "platform/CArray.h"
+#include "../platform/CVExport.h"
+#include "CVMField.h"
+#include "../math/CVStructs.h"
+#include "../platform/CArray.h"
 
 class CVSCENE_API CVMFVec3f : public CVMField {
     DECLARE_DYNAMIC(CVMFVec3f)

@@ -7,9 +7,9 @@
 // the end, while SetAt and InsertAt past the end grow the array, filling the
 // gap with zero elements. A throwing call leaves the field as it was.
 // References returned by operator[] are invalidated by any call that grows.
-#include "platform/CVExport.h"
-#include "core/CVField.h"
-#include "platform/WinTypes.h"
+#include "../platform/CVExport.h"
+#include "CVField.h"
+#include "../platform/WinTypes.h"
 
 class CVSCENE_API CVMField : public CVField {
     DECLARE_DYNAMIC(CVMField)

@@ -7,11 +7,11 @@
 // node removes its name from whatever space is on top when it is renamed or
 // destroyed, not from the space it was entered in. Every name operation throws
 // CInvalidArgException while no space is open (before Init, after the last pop).
-#include "platform/CVExport.h"
-#include "core/CVRefCount.h"
-#include "platform/CArray.h"
-#include "platform/CMapStringToOb.h"
-#include "platform/CString.h"
+#include "../platform/CVExport.h"
+#include "CVRefCount.h"
+#include "../platform/CArray.h"
+#include "../platform/CMapStringToOb.h"
+#include "../platform/CString.h"
 
 class CVAction;
 class CVState;

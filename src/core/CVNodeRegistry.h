@@ -4,7 +4,7 @@
 // removed slots are tombstones swept out once they outnumber the live ones.
 #include <vector>
 
-#include "platform/WinTypes.h"
+#include "../platform/WinTypes.h"
 
 class CVNode;
 

@@ -2,8 +2,8 @@
 // Intrusive reference count. Starts at 0; whoever stores an object Refs it and
 // Unrefs it on release. The object deletes itself when Unref brings the count
 // to exactly 0; a count driven below 0 deletes nothing.
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
 
 class CVSCENE_API CVRefCount : public CVBase {
     DECLARE_DYNAMIC(CVRefCount)

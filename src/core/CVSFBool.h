@@ -1,7 +1,7 @@
 #pragma once
 // One boolean (field type 271), an int that is 0 after construction.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
 
 class CVSCENE_API CVSFBool : public CVSField {
     DECLARE_DYNAMIC(CVSFBool)

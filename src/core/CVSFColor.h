@@ -1,9 +1,9 @@
 #pragma once
 // One RGB colour, floats 0..1 (field type 272); black after construction.
 // The multi-valued colour field holds RGBA instead.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVSFColor : public CVSField {
     DECLARE_DYNAMIC(CVSFColor)

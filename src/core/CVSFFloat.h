@@ -1,7 +1,7 @@
 #pragma once
 // One float (field type 273), 0 after construction.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
 
 class CVSCENE_API CVSFFloat : public CVSField {
     DECLARE_DYNAMIC(CVSFFloat)

@@ -2,8 +2,8 @@
 // An image: width, height, number of components per pixel and a pixel
 // pointer (field type 274). Empty after construction (zero sizes, null
 // pixels); the field offers no setter and does not own the pixels.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
 
 class CVSCENE_API CVSFImage : public CVSField {
     DECLARE_DYNAMIC(CVSFImage)

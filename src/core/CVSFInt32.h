@@ -1,7 +1,7 @@
 #pragma once
 // One 32-bit integer (field type 275), 0 after construction.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
 
 class CVSCENE_API CVSFInt32 : public CVSField {
     DECLARE_DYNAMIC(CVSFInt32)

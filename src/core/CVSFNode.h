@@ -5,10 +5,10 @@
 // itself is safe), and destruction Unrefs the held node, which deletes it when
 // that was its last reference. Not copyable: copies would double-release.
 // Fields of this kind are public members that clients and nodes set directly.
-#include "platform/CVExport.h"
+#include "../platform/CVExport.h"
 #include <string>
 
-#include "core/CVSField.h"
+#include "CVSField.h"
 
 template <class T>
 class CVSCENE_API CVSFNode : public CVSField {

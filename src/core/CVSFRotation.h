@@ -2,10 +2,10 @@
 // One axis-angle rotation (field type 277); after construction the default
 // rotation, angle 0 about (0,1,0). The setters are those of CVRotation
 // applied to the held value.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
-#include "math/CVRotation.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
+#include "../math/CVRotation.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVSFRotation : public CVSField {
     DECLARE_DYNAMIC(CVSFRotation)

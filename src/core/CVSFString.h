@@ -1,8 +1,8 @@
 #pragma once
 // One wide string (field type 278), empty after construction.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
-#include "platform/CString.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
+#include "../platform/CString.h"
 
 class CVSCENE_API CVSFString : public CVSField {
     DECLARE_DYNAMIC(CVSFString)

@@ -1,7 +1,7 @@
 #pragma once
 // One time in seconds as a double (field type 279), 0 after construction.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
 
 class CVSCENE_API CVSFTime : public CVSField {
     DECLARE_DYNAMIC(CVSFTime)

@@ -1,8 +1,8 @@
 #pragma once
 // One 2-D point (field type 280), (0,0) after construction.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVSFVec2f : public CVSField {
     DECLARE_DYNAMIC(CVSFVec2f)

@@ -1,8 +1,8 @@
 #pragma once
 // One 3-D point or vector (field type 281), (0,0,0) after construction.
-#include "platform/CVExport.h"
-#include "core/CVSField.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "CVSField.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVSFVec3f : public CVSField {
     DECLARE_DYNAMIC(CVSFVec3f)

@@ -2,9 +2,9 @@
 // Traversal state owned by an action and handed to every Render and
 // ComputeBoundingBox: the path of grouping nodes, the current depth, the
 // path-recording (identification) flag and the render pass.
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
-#include "core/CVNode.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
+#include "CVNode.h"
 
 // The render pass a frame is in, in CVState::m_nRenderPass.
 enum CVRenderPass {

@@ -15,10 +15,10 @@
 // - While picking only the faces are drawn, without normals or texture
 //   coordinates.
 // The pick detail always names the front part.
-#include "platform/CVExport.h"
-#include "core/CVSFVec3f.h"
-#include "geometry/CVGeometry.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFVec3f.h"
+#include "CVGeometry.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVBox : public CVGeometry {
     DECLARE_DYNAMIC(CVBox)

@@ -1,8 +1,8 @@
 #pragma once
 // Pick detail of a box: the box that was hit (borrowed) and the part.
-#include "platform/CVExport.h"
-#include "geometry/CVDetail.h"
-#include "geometry/CVBox.h"
+#include "../platform/CVExport.h"
+#include "CVDetail.h"
+#include "CVBox.h"
 
 class CVSCENE_API CVBoxDetail : public CVDetail {
     DECLARE_DYNAMIC(CVBoxDetail)

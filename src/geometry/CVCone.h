@@ -9,10 +9,10 @@
 // side normals are horizontal (they ignore the slope) and the base gets
 // planar texture coordinates; a zero radius makes them non-finite. The pick
 // detail always names the side.
-#include "platform/CVExport.h"
-#include "core/CVSFBool.h"
-#include "core/CVSFFloat.h"
-#include "geometry/CVGeometry.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFBool.h"
+#include "../core/CVSFFloat.h"
+#include "CVGeometry.h"
 
 class CVSCENE_API CVCone : public CVGeometry {
     DECLARE_DYNAMIC(CVCone)

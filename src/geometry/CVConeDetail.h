@@ -1,8 +1,8 @@
 #pragma once
 // Pick detail of a cone: the cone that was hit (borrowed) and the part.
-#include "platform/CVExport.h"
-#include "geometry/CVDetail.h"
-#include "geometry/CVCone.h"
+#include "../platform/CVExport.h"
+#include "CVDetail.h"
+#include "CVCone.h"
 
 class CVSCENE_API CVConeDetail : public CVDetail {
     DECLARE_DYNAMIC(CVConeDetail)

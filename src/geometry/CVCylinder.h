@@ -18,11 +18,11 @@
 //   GL_LINE.
 // The constructor sets the Antialiased flag. The pick detail always names the
 // side.
-#include "platform/CVExport.h"
-#include "core/CVSFBool.h"
-#include "core/CVSFFloat.h"
-#include "geometry/CVGeometry.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFBool.h"
+#include "../core/CVSFFloat.h"
+#include "CVGeometry.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVCylinder : public CVGeometry {
     DECLARE_DYNAMIC(CVCylinder)

@@ -1,8 +1,8 @@
 #pragma once
 // Pick detail of a cylinder: the cylinder that was hit (borrowed) and the part.
-#include "platform/CVExport.h"
-#include "geometry/CVDetail.h"
-#include "geometry/CVCylinder.h"
+#include "../platform/CVExport.h"
+#include "CVDetail.h"
+#include "CVCylinder.h"
 
 class CVSCENE_API CVCylinderDetail : public CVDetail {
     DECLARE_DYNAMIC(CVCylinderDetail)

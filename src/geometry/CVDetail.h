@@ -3,8 +3,8 @@
 // that was hit. A geometry's GetPickDetail makes one and hands it to the pick
 // action; the picked shape that keeps it owns and deletes it. GetDetail calls
 // ComputeDetails before handing the detail out.
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
 
 class CVSCENE_API CVDetail : public CVBase {
     DECLARE_DYNAMIC(CVDetail)

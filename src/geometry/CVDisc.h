@@ -2,9 +2,9 @@
 // A flat hexagon in the z = 0 plane, scaled by `size` and facing +z, drawn
 // from static vertex arrays with both sides visible (culling is off while it
 // draws). No pick detail.
-#include "platform/CVExport.h"
-#include "core/CVSFVec3f.h"
-#include "geometry/CVGeometry.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFVec3f.h"
+#include "CVGeometry.h"
 
 class CVSCENE_API CVDisc : public CVGeometry {
     DECLARE_DYNAMIC(CVDisc)

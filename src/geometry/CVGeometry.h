@@ -7,11 +7,11 @@
 // Bit order is shared with callers and is not the accessor order: ForceSort is
 // 0x800, Stippled 0x1000, PartialSelection 0x20000, PostJitter 0x40000.
 // Queries return the masked bit, not 0/1 (IsVRMLCompliant excepted).
-#include "platform/CVExport.h"
-#include "core/CVNode.h"
-#include "math/CVStructs.h"
-#include "platform/CArray.h"
-#include "render/CVImageMapSource.h"
+#include "../platform/CVExport.h"
+#include "../core/CVNode.h"
+#include "../math/CVStructs.h"
+#include "../platform/CArray.h"
+#include "../render/CVImageMapSource.h"
 
 class CVAppearance;
 class CVVector;

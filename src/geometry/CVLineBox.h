@@ -4,8 +4,8 @@
 // a material takes its line colour from the material's emissive colour;
 // otherwise the current colour is used. Bounding box and pick detail are the
 // box's.
-#include "platform/CVExport.h"
-#include "geometry/CVBox.h"
+#include "../platform/CVExport.h"
+#include "CVBox.h"
 
 class CVSCENE_API CVLineBox : public CVBox {
     DECLARE_DYNAMIC(CVLineBox)

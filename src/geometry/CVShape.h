@@ -15,11 +15,11 @@
 //   then for a selected geometry a stippled overlay in the selection colour,
 //   scaled slightly up by the geometry's stipple percent.
 // The current colour is left as the last drawing set it.
-#include "platform/CVExport.h"
-#include "core/CVChild.h"
-#include "core/CVSFNode.h"
-#include "geometry/CVGeometry.h"
-#include "nodes/CVAppearance.h"
+#include "../platform/CVExport.h"
+#include "../core/CVChild.h"
+#include "../core/CVSFNode.h"
+#include "CVGeometry.h"
+#include "../nodes/CVAppearance.h"
 
 class CVSCENE_API CVShape : public CVChild {
     DECLARE_DYNAMIC(CVShape)

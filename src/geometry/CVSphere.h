@@ -8,9 +8,9 @@
 // the result back; a negative radius stores 12 and draws lines (the polygon
 // mode is left at GL_LINE). Normals are not unit length: GL_NORMALIZE must be
 // on (the render area enables it).
-#include "platform/CVExport.h"
-#include "core/CVSFFloat.h"
-#include "geometry/CVGeometry.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFFloat.h"
+#include "CVGeometry.h"
 
 class CVSCENE_API CVSphere : public CVGeometry {
     DECLARE_DYNAMIC(CVSphere)

@@ -10,10 +10,10 @@
 //
 // Hazard: a memory DC freshly made with CreateCompatibleDC reports 1 bit
 // until a bitmap is selected into it, and so yields 32 bits here.
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
-#include "platform/CString.h"
-#include "platform/WinGDI.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
+#include "../platform/CString.h"
+#include "../platform/WinGDI.h"
 
 class CVSCENE_API CSimpleDIB : public CVBase {
     DECLARE_DYNAMIC(CSimpleDIB)

@@ -16,10 +16,10 @@
 // - Coordinates inside an image are top-down: (0, 0) is the top-left pixel
 //   whatever the row order in memory.
 // - Results are bottom-up, the usual order for DIBs.
-#include "platform/CVExport.h"
-#include "platform/CString.h"
-#include "platform/WinBase.h"
-#include "platform/WinGDI.h"
+#include "../platform/CVExport.h"
+#include "../platform/CString.h"
+#include "../platform/WinBase.h"
+#include "../platform/WinGDI.h"
 
 // Bytes between the header and the pixel rows: the colour table (biClrUsed
 // entries, or 2^bits for 1, 4 and 8 bits when biClrUsed is 0) and, for

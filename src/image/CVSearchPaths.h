@@ -2,10 +2,10 @@
 // Where shared files and images are found: folders named in the registry
 // (HKEY_LOCAL_MACHINE, see platform/WinReg.h), the file search, and downloads
 // of images named by URL.
-#include "platform/CVExport.h"
-#include "platform/CString.h"
-#include "platform/IUnknown.h"
-#include "platform/WinTypes.h"
+#include "../platform/CVExport.h"
+#include "../platform/CString.h"
+#include "../platform/IUnknown.h"
+#include "../platform/WinTypes.h"
 
 // The "Path" value of the shared-files key's subkey named component, or an
 // empty string when the key is missing or cannot be read. Hazard: a key

@@ -1,5 +1,5 @@
 #pragma once
-#include "platform/CVExport.h"
+#include "../platform/CVExport.h"
 // Load and unload of the library: the counterpart of process attach and
 // detach. Attach runs when the shared object is loaded (before main for hosts
 // that link it), Detach when it is unloaded. Both are idempotent.

@@ -5,9 +5,9 @@
 // textures. A negative size.x draws the negated size as lines (the polygon
 // mode stays GL_LINE). Drawn from static tables every time; no pick detail.
 // The constructor sets the Antialiased flag.
-#include "platform/CVExport.h"
-#include "core/CVSFVec3f.h"
-#include "geometry/CVGeometry.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFVec3f.h"
+#include "../geometry/CVGeometry.h"
 
 class CVSCENE_API CVCross : public CVGeometry {
     DECLARE_DYNAMIC(CVCross)

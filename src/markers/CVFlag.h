@@ -7,9 +7,9 @@
 // (the polygon mode stays GL_LINE). Drawn from a static vertex table every
 // time; no texture coordinates, no pick detail. The constructor sets the
 // Antialiased flag.
-#include "platform/CVExport.h"
-#include "core/CVSFVec3f.h"
-#include "geometry/CVGeometry.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFVec3f.h"
+#include "../geometry/CVGeometry.h"
 
 class CVSCENE_API CVFlag : public CVGeometry {
     DECLARE_DYNAMIC(CVFlag)

@@ -8,13 +8,13 @@
 // the x-y plane extruded along z (AlongZ), from -0.5 to +0.5. Quad k joins
 // outline points k and k+1; with the outline counter-clockwise in (x, z), or
 // clockwise in (x, y), the quads face outwards.
-#include "platform/CVExport.h"
+#include "../platform/CVExport.h"
 #include <GL/gl.h>
 
 #include <cstddef>
 #include <vector>
 
-#include "math/CVStructs.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVMarkerColumn {
 public:

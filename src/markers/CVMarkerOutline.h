@@ -6,13 +6,13 @@
 //
 // Caps are single GL_POLYGONs, concave outlines included: the rasteriser's
 // fan from the first point is the intended drawing. No texture coordinates.
-#include "platform/CVExport.h"
+#include "../platform/CVExport.h"
 #include <GL/gl.h>
 
 #include <cstddef>
 #include <vector>
 
-#include "math/CVStructs.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVMarkerOutline {
 public:

@@ -4,9 +4,9 @@
 // turn about x) when asked and the geometry carries the Marker flag, and
 // scales by size; a negative size.x scales by the negated size and switches
 // polygons to lines, which stay lines after the scope. The destructor pops.
-#include "platform/CVExport.h"
-#include "geometry/CVGeometry.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "../geometry/CVGeometry.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVMarkerTransform {
 public:

@@ -6,9 +6,9 @@
 // polygon mode stays GL_LINE). Not VRML-compliant with a tiled texture, the
 // sides stretch the texture by size.y / size.x. Drawn from static tables every
 // time; no pick detail. The constructor sets the Antialiased flag.
-#include "platform/CVExport.h"
-#include "core/CVSFVec3f.h"
-#include "geometry/CVGeometry.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFVec3f.h"
+#include "../geometry/CVGeometry.h"
 
 class CVSCENE_API CVPrism : public CVGeometry {
     DECLARE_DYNAMIC(CVPrism)

@@ -3,11 +3,11 @@
 // optional owned list of clip planes so that boxes of clipped content shrink to
 // the clipped region. A box is empty when any size component is below 0; after
 // construction and MakeEmpty the size is (-1,-1,-1) and the center (0,0,0).
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
-#include "math/CVMatrix.h"
-#include "math/CVStructs.h"
-#include "platform/CList.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
+#include "CVMatrix.h"
+#include "CVStructs.h"
+#include "../platform/CList.h"
 
 class CVSCENE_API CVBox3f : public CVBase {
     DECLARE_DYNAMIC(CVBox3f)

@@ -2,10 +2,10 @@
 // 4x4 matrix: 16 floats m[row][column], row-major, with the
 // translation in column 3 (m[0][3], m[1][3], m[2][3]), then two CVVector work
 // members that no operation reads. The default constructor gives the identity.
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
-#include "math/CVStructs.h"
-#include "math/CVVector.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
+#include "CVStructs.h"
+#include "CVVector.h"
 
 class CVSCENE_API CVMatrix : public CVBase {
     DECLARE_DYNAMIC(CVMatrix)

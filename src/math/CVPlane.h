@@ -1,7 +1,7 @@
 #pragma once
 // Plane: the set of p with normal.p + d = 0.
-#include "platform/CVExport.h"
-#include "math/CVVector.h"
+#include "../platform/CVExport.h"
+#include "CVVector.h"
 
 class CVRay;
 

@@ -1,9 +1,9 @@
 #pragma once
 // Quaternion: four floats x, y, z, w behind a virtual table.
 // The default constructor gives (0, 0, 0, 0).
-#include "platform/CVExport.h"
-#include "math/CVStructs.h"
-#include "math/CVVector.h"
+#include "../platform/CVExport.h"
+#include "CVStructs.h"
+#include "CVVector.h"
 
 class CVSCENE_API CVQuaternion {
 public:

@@ -1,8 +1,8 @@
 #pragma once
 // Ray: direction, then origin. Default construction leaves both
 // vectors uninitialised.
-#include "platform/CVExport.h"
-#include "math/CVVector.h"
+#include "../platform/CVExport.h"
+#include "CVVector.h"
 
 class CVSCENE_API CVRay {
 public:

@@ -1,9 +1,9 @@
 #pragma once
 // Axis-angle rotation: four floats in the order angle, axis x,
 // axis y, axis z. No virtual table. Default: angle 0 about (0,1,0).
-#include "platform/CVExport.h"
-#include "math/CVStructs.h"
-#include "math/CVVector.h"
+#include "../platform/CVExport.h"
+#include "CVStructs.h"
+#include "CVVector.h"
 
 class CVSCENE_API CVRotation {
 public:

@@ -1,8 +1,8 @@
 #pragma once
 // Three-float vector. A plain value: no virtual table, no base, and
 // a default-constructed vector is left uninitialised.
-#include "platform/CVExport.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "CVStructs.h"
 
 class CVPlane;
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "platform/CVExport.h"
+#include "../platform/CVExport.h"
 // Integer viewport rectangle with its aspect ratio.
 // Default: (0, 0, 1, 1) with aspect 1.
 

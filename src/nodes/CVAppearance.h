@@ -11,12 +11,12 @@
 //
 // The texture transform is not applied here: the shape brackets its geometry
 // with the transform's PushMatrix, Apply and PopMatrix.
-#include "platform/CVExport.h"
-#include "core/CVNode.h"
-#include "core/CVSFNode.h"
-#include "nodes/CVMaterial.h"
-#include "nodes/CVTexture.h"
-#include "nodes/CVTextureTransform.h"
+#include "../platform/CVExport.h"
+#include "../core/CVNode.h"
+#include "../core/CVSFNode.h"
+#include "CVMaterial.h"
+#include "CVTexture.h"
+#include "CVTextureTransform.h"
 
 class CVSCENE_API CVAppearance : public CVNode {
     DECLARE_DYNAMIC(CVAppearance)

@@ -8,9 +8,9 @@
 //
 // The rotations are derived from the current model-view matrix: Render needs a
 // current context, and a non-invertible matrix gives meaningless rotations.
-#include "platform/CVExport.h"
-#include "core/CVSFVec3f.h"
-#include "nodes/CVGroup.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFVec3f.h"
+#include "CVGroup.h"
 
 class CVSCENE_API CVBillboard : public CVGroup {
     DECLARE_DYNAMIC(CVBillboard)

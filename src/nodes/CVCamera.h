@@ -14,12 +14,12 @@
 // The frustum is enlarged by the process-wide world inflation factor
 // (CVGLRenderArea::GetWorldInflationFactor), as the GL viewport is, so the
 // scene keeps its on-screen size.
-#include "platform/CVExport.h"
-#include "core/CVSFBool.h"
-#include "core/CVSFFloat.h"
-#include "core/CVSFRotation.h"
-#include "core/CVSFVec3f.h"
-#include "nodes/CVGroup.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFBool.h"
+#include "../core/CVSFFloat.h"
+#include "../core/CVSFRotation.h"
+#include "../core/CVSFVec3f.h"
+#include "CVGroup.h"
 
 class CVSCENE_API CVCamera : public CVGroup {
     DECLARE_DYNAMIC(CVCamera)

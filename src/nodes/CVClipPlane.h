@@ -7,11 +7,11 @@
 //
 // For the bounding-box action the node adds its plane to the box as clip
 // info, so boxes of clipped content shrink (only for axis-aligned normals).
-#include "platform/CVExport.h"
-#include "core/CVChild.h"
-#include "core/CVSFBool.h"
-#include "core/CVSFFloat.h"
-#include "core/CVSFVec3f.h"
+#include "../platform/CVExport.h"
+#include "../core/CVChild.h"
+#include "../core/CVSFBool.h"
+#include "../core/CVSFFloat.h"
+#include "../core/CVSFVec3f.h"
 
 class CVSCENE_API CVClipPlane : public CVChild {
     DECLARE_DYNAMIC(CVClipPlane)

@@ -1,10 +1,10 @@
 #pragma once
 // A list of colours held for geometry that colours its parts (vertices,
 // faces, levels). Draws nothing.
-#include "platform/CVExport.h"
-#include "core/CVMFColor.h"
-#include "core/CVNode.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "../core/CVMFColor.h"
+#include "../core/CVNode.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVColor : public CVNode {
     DECLARE_DYNAMIC(CVColor)

@@ -9,9 +9,9 @@
 // walks it again from that list after the transparent shapes (pass 3), when
 // it draws normally; so annotations drawn with depthTest FALSE land on top of
 // everything. Other actions (bounds, picking: pass 0) walk it as a group.
-#include "platform/CVExport.h"
-#include "core/CVSFBool.h"
-#include "nodes/CVGroup.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFBool.h"
+#include "CVGroup.h"
 
 // The host's note of when it wants the group drawn. Recorded only: drawing
 // is driven by deferAsAnnotation.

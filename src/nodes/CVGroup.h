@@ -11,10 +11,10 @@
 //
 // bboxCenter and bboxSize are filled by the bounding-box action when it writes
 // boxes back; a size of (-1,-1,-1) means "not computed".
-#include "platform/CVExport.h"
-#include "core/CVChild.h"
-#include "core/CVMFNode.h"
-#include "core/CVSFVec3f.h"
+#include "../platform/CVExport.h"
+#include "../core/CVChild.h"
+#include "../core/CVMFNode.h"
+#include "../core/CVSFVec3f.h"
 
 class CVSCENE_API CVGroup : public CVChild {
     DECLARE_DYNAMIC(CVGroup)

@@ -24,10 +24,10 @@
 // change releases the old texture only in the area being drawn; other areas
 // the node was drawn in keep it, as they keep the elements of a destroyed
 // node, until the area goes (nodes make no GL calls when destroyed).
-#include "platform/CVExport.h"
-#include "core/CVMFString.h"
-#include "nodes/CVTexture.h"
-#include "nodes/CVTextureCacheElement.h"
+#include "../platform/CVExport.h"
+#include "../core/CVMFString.h"
+#include "CVTexture.h"
+#include "CVTextureCacheElement.h"
 
 class CVSCENE_API CVImageTexture : public CVTexture {
     DECLARE_DYNAMIC(CVImageTexture)

@@ -1,11 +1,11 @@
 #pragma once
 // Global lighting switches: lighting on/off, local or infinite viewer, scene
 // ambient colour and two-sided lighting. Does nothing during picking.
-#include "platform/CVExport.h"
-#include "core/CVChild.h"
-#include "core/CVSFBool.h"
-#include "core/CVSFColor.h"
-#include "core/CVSFInt32.h"
+#include "../platform/CVExport.h"
+#include "../core/CVChild.h"
+#include "../core/CVSFBool.h"
+#include "../core/CVSFColor.h"
+#include "../core/CVSFInt32.h"
 
 class CVSCENE_API CVLightModel : public CVChild {
     DECLARE_DYNAMIC(CVLightModel)

@@ -11,10 +11,10 @@
 // by every render area and knows nothing of contexts: a fresh context may
 // miss values the cache believes are set. CVCacheManager::InitGLColor resets
 // only the current colour.
-#include "platform/CVExport.h"
-#include "core/CVNode.h"
-#include "core/CVSFColor.h"
-#include "core/CVSFFloat.h"
+#include "../platform/CVExport.h"
+#include "../core/CVNode.h"
+#include "../core/CVSFColor.h"
+#include "../core/CVSFFloat.h"
 
 class CVSCENE_API CVMaterial : public CVNode {
     DECLARE_DYNAMIC(CVMaterial)

@@ -4,9 +4,9 @@
 // the front faces (left so afterwards) and sets every back-face value
 // directly, without the shared skip cache. Two-sided lighting itself is the
 // light model's business.
-#include "platform/CVExport.h"
-#include "core/CVSFBool.h"
-#include "nodes/CVMaterial.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFBool.h"
+#include "CVMaterial.h"
 
 class CVSCENE_API CVMaterialTwoSided : public CVMaterial {
     DECLARE_DYNAMIC(CVMaterialTwoSided)

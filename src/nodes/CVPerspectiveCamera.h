@@ -3,8 +3,8 @@
 // is fieldOfView (radians), widened under world inflation f to
 // 2 atan(f tan(fieldOfView / 2)). With perspective FALSE it projects
 // orthographically and fieldOfView is then the view height (times f).
-#include "platform/CVExport.h"
-#include "nodes/CVCamera.h"
+#include "../platform/CVExport.h"
+#include "CVCamera.h"
 
 class CVSCENE_API CVPerspectiveCamera : public CVCamera {
     DECLARE_DYNAMIC(CVPerspectiveCamera)

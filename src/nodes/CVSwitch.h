@@ -6,10 +6,10 @@
 //
 // Walked along a path, the chosen child is walked with the next path index,
 // whatever the path holds there.
-#include "platform/CVExport.h"
-#include "core/CVChild.h"
-#include "core/CVMFNode.h"
-#include "core/CVSFInt32.h"
+#include "../platform/CVExport.h"
+#include "../core/CVChild.h"
+#include "../core/CVMFNode.h"
+#include "../core/CVSFInt32.h"
 
 class CVSCENE_API CVSwitch : public CVChild {
     DECLARE_DYNAMIC(CVSwitch)

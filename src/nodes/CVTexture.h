@@ -6,10 +6,10 @@
 //
 // Render only sets the wrap modes of whatever texture is bound; image
 // textures bind their own before calling it.
-#include "platform/CVExport.h"
-#include "core/CVNode.h"
-#include "core/CVSFBool.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "../core/CVNode.h"
+#include "../core/CVSFBool.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVTexture : public CVNode {
     DECLARE_DYNAMIC(CVTexture)

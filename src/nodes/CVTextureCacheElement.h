@@ -9,9 +9,9 @@
 //
 // The destructor deletes the texture object in whatever context is current;
 // the cache deletes elements with its own area's context current.
-#include "platform/CVExport.h"
-#include "platform/CString.h"
-#include "render/CVCacheElement.h"
+#include "../platform/CVExport.h"
+#include "../platform/CString.h"
+#include "../render/CVCacheElement.h"
 
 class CVSCENE_API CVTextureCacheElement : public CVCacheElement {
     DECLARE_DYNAMIC(CVTextureCacheElement)

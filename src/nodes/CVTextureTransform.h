@@ -4,10 +4,10 @@
 //
 // Hazard: Apply scales z by 0, not 1, so the texture matrix it builds is
 // singular in z (harmless for 2-D texture coordinates).
-#include "platform/CVExport.h"
-#include "core/CVNode.h"
-#include "core/CVSFFloat.h"
-#include "core/CVSFVec2f.h"
+#include "../platform/CVExport.h"
+#include "../core/CVNode.h"
+#include "../core/CVSFFloat.h"
+#include "../core/CVSFVec2f.h"
 
 class CVSCENE_API CVTextureTransform : public CVNode {
     DECLARE_DYNAMIC(CVTextureTransform)

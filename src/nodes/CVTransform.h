@@ -5,11 +5,11 @@
 // the model-view matrix around the children; the matrix itself is applied by
 // Render, which the actions call from PreActOn, and undone by the pop.
 // Angles are radians.
-#include "platform/CVExport.h"
-#include "core/CVSFRotation.h"
-#include "core/CVSFVec3f.h"
-#include "math/CVMatrix.h"
-#include "nodes/CVGroup.h"
+#include "../platform/CVExport.h"
+#include "../core/CVSFRotation.h"
+#include "../core/CVSFVec3f.h"
+#include "../math/CVMatrix.h"
+#include "CVGroup.h"
 
 class CVSCENE_API CVTransform : public CVGroup {
     DECLARE_DYNAMIC(CVTransform)

@@ -6,7 +6,7 @@
 // "HBITMAP:<value>" image names.
 #include <cstdint>
 
-#include "platform/WinTypes.h"
+#include "WinTypes.h"
 
 template <class H>
 inline LONG HandleToLong(H h) {

@@ -4,15 +4,15 @@
 // geometrically. Every index
 // outside the array throws CInvalidArgException, except where growing is the
 // point (SetAtGrow, InsertAt past the end).
-#include "platform/CVExport.h"
+#include "CVExport.h"
 #include <algorithm>
 #include <new>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "platform/CException.h"
-#include "platform/WinTypes.h"
+#include "CException.h"
+#include "WinTypes.h"
 
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CVSCENE_API CArray {

@@ -3,9 +3,9 @@
 // and DeleteDC delete the DC; Detach gives it up. FromHandle makes a
 // temporary, non-owning wrapper that lives until DeleteTempMap (per thread).
 // The drawing members forward to the GDI calls of the same name.
-#include "platform/CVExport.h"
-#include "platform/CObject.h"
-#include "platform/WinGDI.h"
+#include "CVExport.h"
+#include "CObject.h"
+#include "WinGDI.h"
 
 class CPalette;
 

@@ -1,7 +1,7 @@
 #pragma once
 // Exception family of the framework. Thrown by value; catch by reference.
 // Messages start with the function that raised them.
-#include "platform/CVExport.h"
+#include "CVExport.h"
 #include <exception>
 #include <string>
 

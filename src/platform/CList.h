@@ -2,12 +2,12 @@
 // Doubly linked list addressed by POSITION values, with the framework's names.
 // A POSITION is the address of the element's node; it stays valid until that
 // element is removed.
-#include "platform/CVExport.h"
+#include "CVExport.h"
 #include <string>
 #include <utility>
 
-#include "platform/CException.h"
-#include "platform/WinTypes.h"
+#include "CException.h"
+#include "WinTypes.h"
 
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CVSCENE_API CList {

@@ -1,10 +1,10 @@
 #pragma once
 // Hash map from a wide string to an object pointer, compared case-sensitively.
 // The typed form fixes the value type.
-#include "platform/CVExport.h"
+#include "CVExport.h"
 #include <unordered_map>
 
-#include "platform/CString.h"
+#include "CString.h"
 
 template <class VALUE>
 class CVSCENE_API CTypedStringMap {

@@ -1,8 +1,8 @@
 #pragma once
 // Root of the object model: a run-time class record per class, type tests by
 // walking the base links, and the three diagnostic hooks every class keeps.
-#include "platform/CVExport.h"
-#include "platform/WinTypes.h"
+#include "CVExport.h"
+#include "WinTypes.h"
 
 class CObject;
 class CVSCENE_API CArchive {};      // serialisation is not supported; the hook keeps its shape

@@ -2,9 +2,9 @@
 // Framework wrapper over a palette handle. Owns what it holds: the destructor
 // and DeleteObject delete the palette; Detach gives it up. FromHandle makes a
 // temporary, non-owning wrapper that lives until DeleteTempMap (per thread).
-#include "platform/CVExport.h"
-#include "platform/CObject.h"
-#include "platform/WinGDI.h"
+#include "CVExport.h"
+#include "CObject.h"
+#include "WinGDI.h"
 
 class CVSCENE_API CPalette : public CObject {
     DECLARE_DYNAMIC(CPalette)

@@ -1,10 +1,10 @@
 #pragma once
 // Wide-character string with the framework's member names. Eight-bit text
 // converts as UTF-8 in both directions; wchar_t is 32-bit here.
-#include "platform/CVExport.h"
+#include "CVExport.h"
 #include <string>
 
-#include "platform/WinTypes.h"
+#include "WinTypes.h"
 
 class CVSCENE_API CString {
 public:

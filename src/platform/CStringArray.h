@@ -1,6 +1,6 @@
 #pragma once
 // Array of wide strings.
-#include "platform/CArray.h"
-#include "platform/CString.h"
+#include "CArray.h"
+#include "CString.h"
 
 class CStringArray : public CArray<CString, const CString&> {};

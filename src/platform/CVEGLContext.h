@@ -2,7 +2,7 @@
 // An EGL context for memory DCs, in the process-wide EGL share group (see
 // CVEGLDisplay). It draws into the pbuffer of whichever memory DC it is
 // current on.
-#include "platform/CVGLContext.h"
+#include "CVGLContext.h"
 
 class CVEGLContext : public CVGLContext {
 public:

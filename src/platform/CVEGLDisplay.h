@@ -18,8 +18,8 @@
 //
 // Nothing here is torn down at exit: the display and root context live as long
 // as the process, as Mesa tolerates and as hosts expect of their GL libraries.
-#include "platform/CVGdiBitmap.h"
-#include "platform/WinGL.h"
+#include "CVGdiBitmap.h"
+#include "WinGL.h"
 
 #include <vector>
 

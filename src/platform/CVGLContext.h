@@ -4,7 +4,7 @@
 // window DCs. EGL and GLX share one dispatch per thread, so switching from a
 // context of one kind to one of the other releases the first before binding
 // the second; the record here is what tells which API holds the thread.
-#include "platform/CVGdiObject.h"
+#include "CVGdiObject.h"
 
 #include <memory>
 #include <thread>

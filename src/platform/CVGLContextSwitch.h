@@ -3,7 +3,7 @@
 // whatever this thread had current before (possibly a context of the other
 // kind, or none). Used for the pixel exchange between a DC's bitmap and GL
 // when a GDI call arrives while the DC's context is not current.
-#include "platform/WinTypes.h"
+#include "WinTypes.h"
 
 class CVGLContextSwitch {
 public:

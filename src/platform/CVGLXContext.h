@@ -3,7 +3,7 @@
 // the first one made on a display also makes a hidden root context, every
 // context is created sharing with it, and the root goes with the last context
 // of that display (so nothing outlives a display the host may close).
-#include "platform/CVGLContext.h"
+#include "CVGLContext.h"
 
 struct _XDisplay;
 struct __GLXcontextRec;

@@ -4,7 +4,7 @@
 // without multisampling. Pixel format n is the n-th of them in GLX's order.
 // Any of them may be made current on the window (Mesa accepts configs whose
 // visual differs from the window's as long as the depth matches).
-#include "platform/WinGL.h"
+#include "WinGL.h"
 
 #include <vector>
 

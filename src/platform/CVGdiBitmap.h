@@ -5,8 +5,8 @@
 // 16-bit word, 0x00RRGGBB for 24 bits, the little-endian BGRA word for 32
 // bits) so that raster operations work bit-wise as they do on the device.
 // Coordinates are top-down (row 0 is the top) whatever the memory order.
-#include "platform/CVGdiObject.h"
-#include "platform/WinGDI.h"
+#include "CVGdiObject.h"
+#include "WinGDI.h"
 
 #include <memory>
 #include <vector>

@@ -1,8 +1,8 @@
 #pragma once
 // A solid brush (HBRUSH). Its colour is matched to the destination's pixel
 // format when it is drawn (nearest colour on palette and mono bitmaps).
-#include "platform/CVGdiObject.h"
-#include "platform/WinGDI.h"
+#include "CVGdiObject.h"
+#include "WinGDI.h"
 
 #include <memory>
 

@@ -12,8 +12,8 @@
 // the bitmap counts as current until a context is next made current on the
 // DC. Hazard: GL drawing issued after that without a new wglMakeCurrent is not
 // seen by the next GDI read (the render action always makes current first).
-#include "platform/CVGdiObject.h"
-#include "platform/WinGDI.h"
+#include "CVGdiObject.h"
+#include "WinGDI.h"
 
 #include <memory>
 

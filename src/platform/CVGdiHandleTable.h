@@ -4,7 +4,7 @@
 // while the process runs, so a handle kept after DeleteObject stays invalid.
 // The table itself is guarded; the objects are not (GDI objects belong to one
 // thread at a time, as on the described system).
-#include "platform/CVGdiObject.h"
+#include "CVGdiObject.h"
 
 #include <memory>
 #include <vector>

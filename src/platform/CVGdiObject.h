@@ -3,7 +3,7 @@
 // rendering contexts. Objects live in CVGdiHandleTable, which owns them and
 // hands out small integer handles, so a stale or made-up handle is looked up
 // and refused instead of being dereferenced.
-#include "platform/WinTypes.h"
+#include "WinTypes.h"
 
 class CVGdiObject {
 public:

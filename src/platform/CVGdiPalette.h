@@ -1,8 +1,8 @@
 #pragma once
 // A logical palette (HPALETTE). The stock default palette holds the twenty
 // static colours; CreatePalette copies the host's entries.
-#include "platform/CVGdiObject.h"
-#include "platform/WinGDI.h"
+#include "CVGdiObject.h"
+#include "WinGDI.h"
 
 #include <memory>
 #include <vector>

@@ -6,7 +6,7 @@
 // under its centre) whatever the stretch mode. Used in two steps so that the
 // caller can bring GL's pixels in before and send them back after: Plan clips
 // and reports the rectangles touched, Run draws.
-#include "platform/CVGdiBitmap.h"
+#include "CVGdiBitmap.h"
 
 #include <vector>
 

@@ -3,8 +3,8 @@
 // held by a CVImageFile, a pixel format, and at most one lock.
 #include <vector>
 
-#include "platform/CVImageFile.h"
-#include "platform/GdiPlusFlat.h"
+#include "CVImageFile.h"
+#include "GdiPlusFlat.h"
 
 class CVGdipBitmap : public GpBitmap {
 public:

@@ -5,7 +5,7 @@
 // for the pixel model and the exchange with GL).
 #include <functional>
 
-#include "platform/GdiPlusFlat.h"
+#include "GdiPlusFlat.h"
 
 typedef struct _cairo cairo_t;
 

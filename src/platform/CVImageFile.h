@@ -19,8 +19,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/CString.h"
-#include "platform/WinTypes.h"
+#include "CString.h"
+#include "WinTypes.h"
 
 class CVImageFile {
 public:

@@ -10,7 +10,7 @@
 // Scissor, dither and colour mask are neutralised too for GDI transfers and
 // kept for accumulation returns, which GL defines to honour them.
 // Requires a current context of GL 1.4 or later.
-#include "platform/CVGdiBitmap.h"
+#include "CVGdiBitmap.h"
 
 #include <GL/gl.h>
 

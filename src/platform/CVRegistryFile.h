@@ -23,7 +23,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/WinTypes.h"
+#include "WinTypes.h"
 
 class CVRegistryFile {
 public:

@@ -21,9 +21,9 @@
 // measured to the actual point on the ellipse.
 //
 // GdiplusStartup need not be called first; it is kept for hosts that do.
-#include "platform/IUnknown.h"
-#include "platform/WinGDI.h"
-#include "platform/WinTypes.h"
+#include "IUnknown.h"
+#include "WinGDI.h"
+#include "WinTypes.h"
 
 typedef float REAL;
 typedef int INT;

@@ -4,7 +4,7 @@
 // the destructor is protected and not virtual.
 #include <cstring>
 
-#include "platform/WinTypes.h"
+#include "WinTypes.h"
 
 struct GUID {
     DWORD Data1;

@@ -1,8 +1,8 @@
 #pragma once
 // Download to the per-user cache. The entry point is linked into the library,
 // so it is always available in-process: there is no module to load first.
-#include "platform/IUnknown.h"
-#include "platform/WinTypes.h"
+#include "IUnknown.h"
+#include "WinTypes.h"
 
 // Fetches url (http, https or file scheme; scheme names ignore case) into
 // $XDG_CACHE_HOME/cvscene, or ~/.cache/cvscene when that is unset or not

@@ -1,7 +1,7 @@
 #pragma once
 // File lookup in the shape of the system call.
-#include "platform/CVExport.h"
-#include "platform/WinTypes.h"
+#include "CVExport.h"
+#include "WinTypes.h"
 
 #define MAX_PATH 260
 

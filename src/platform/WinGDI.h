@@ -21,8 +21,8 @@
 //   rectangle given bottom-up still covers its area. Opposite extent signs in
 //   StretchBlt mirror. Every stretch mode scales by nearest neighbour (each
 //   destination pixel takes the source pixel under its centre).
-#include "platform/CVExport.h"
-#include "platform/WinTypes.h"
+#include "CVExport.h"
+#include "WinTypes.h"
 
 struct HDC__;
 struct HGDIOBJ__;

@@ -34,8 +34,8 @@
 // it; SwapBuffers and GdiFlush bring the whole frame into the DIB (see
 // CVGdiDC.h for the rules). Deleting the context drops the pbuffer; the DIB
 // keeps what was last brought into it.
-#include "platform/CVExport.h"
-#include "platform/WinGDI.h"
+#include "CVExport.h"
+#include "WinGDI.h"
 
 struct HGLRC__;
 typedef HGLRC__* HGLRC;

@@ -9,7 +9,7 @@
 // Key names compare case-insensitively. String data is wchar_t text with its
 // terminating zero, so sizes in bytes count 4 per character here.
 // Other predefined roots hold no keys. Write access is refused.
-#include "platform/WinTypes.h"
+#include "WinTypes.h"
 
 struct HKEY__;
 typedef HKEY__* HKEY;

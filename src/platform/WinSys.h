@@ -1,6 +1,6 @@
 #pragma once
 // System queries recorded at start-up.
-#include "platform/WinTypes.h"
+#include "WinTypes.h"
 
 struct OSVERSIONINFOW {
     DWORD dwOSVersionInfoSize;  // 276

@@ -1,6 +1,6 @@
 #pragma once
 // Window-creation record that a host view fills before creating its window.
-#include "platform/WinTypes.h"
+#include "WinTypes.h"
 
 struct CREATESTRUCTW {
     void* lpCreateParams;

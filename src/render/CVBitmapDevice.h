@@ -1,7 +1,7 @@
 #pragma once
 // Device over a memory DC with a 32- or 16-bit DIB section selected.
-#include "platform/CVExport.h"
-#include "render/CVGLDevice.h"
+#include "../platform/CVExport.h"
+#include "CVGLDevice.h"
 
 class CVSCENE_API CVBitmapDevice : public CVGLDevice {
 public:

@@ -4,12 +4,12 @@
 // same key, and deleted when the last user releases them. The cache owns its
 // elements; deleting the cache deletes any left, so the owning context must
 // be current then.
-#include "platform/CVExport.h"
+#include "../platform/CVExport.h"
 #include <unordered_map>
 
-#include "base/CVBase.h"
-#include "platform/CList.h"
-#include "render/CVCacheElement.h"
+#include "../base/CVBase.h"
+#include "../platform/CList.h"
+#include "CVCacheElement.h"
 
 class CVSCENE_API CVCache : public CVBase {
     DECLARE_DYNAMIC(CVCache)

@@ -3,11 +3,11 @@
 // display lists), found by its key and kept while it has users. Subclasses
 // free their GL objects in the destructor, which runs with the owning render
 // area's context current.
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
-#include "platform/CList.h"
-#include "platform/CString.h"
-#include "render/CVCacheUser.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
+#include "../platform/CList.h"
+#include "../platform/CString.h"
+#include "CVCacheUser.h"
 
 class CVSCENE_API CVCacheElement : public CVBase {
     DECLARE_DYNAMIC(CVCacheElement)

@@ -8,10 +8,10 @@
 // Ring caches replace strictly round-robin: the 129th new entry of a kind
 // reuses entry 0 and its list id. Lookup scans all entries and only accepts
 // an entry whose list exists in the current context (glIsList).
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
-#include "math/CVStructs.h"
-#include "platform/WinGDI.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
+#include "../math/CVStructs.h"
+#include "../platform/WinGDI.h"
 
 class CVGLAction;
 class CVGLRenderArea;

@@ -1,7 +1,7 @@
 #pragma once
 // One user of a cache element: the node (or other owner) that holds it.
-#include "platform/CVExport.h"
-#include "base/CVBase.h"
+#include "../platform/CVExport.h"
+#include "../base/CVBase.h"
 
 class CVSCENE_API CVCacheUser : public CVBase {
     DECLARE_DYNAMIC(CVCacheUser)

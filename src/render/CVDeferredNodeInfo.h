@@ -1,7 +1,7 @@
 #pragma once
 // Records of nodes deferred during a render traversal. Plain malloc'ed blocks
 // that do not count references on the nodes they name.
-#include "platform/WinTypes.h"
+#include "../platform/WinTypes.h"
 
 class CVNode;
 

@@ -5,8 +5,8 @@
 // current: callers make the area current before applying.
 //
 // The action holds one reference on its render area for its whole life.
-#include "platform/CVExport.h"
-#include "core/CVAction.h"
+#include "../platform/CVExport.h"
+#include "../core/CVAction.h"
 
 class CVGLDevice;
 class CVGLRenderArea;

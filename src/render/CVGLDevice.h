@@ -2,8 +2,8 @@
 // Owner of a device context's pixel format. Abstract: CVWindowDevice targets a
 // window, CVBitmapDevice a memory DC with a DIB section selected. The HDC is
 // the caller's and must outlive every render area made on the device.
-#include "platform/CVExport.h"
-#include "platform/WinGL.h"
+#include "../platform/CVExport.h"
+#include "../platform/WinGL.h"
 
 class CVSCENE_API CVGLDevice {
 public:

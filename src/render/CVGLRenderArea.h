@@ -9,17 +9,17 @@
 // The world inflation factor is process-wide: every area's GL viewport (and
 // every camera's frustum) is enlarged by it, and a scissor clips back to the
 // window rectangle.
-#include "platform/CVExport.h"
+#include "../platform/CVExport.h"
 #include <limits>
 #include <vector>
 
-#include "core/CVRefCount.h"
-#include "math/CVStructs.h"
-#include "math/CVViewport.h"
-#include "platform/CArray.h"
-#include "platform/WinGL.h"
-#include "render/CVCache.h"
-#include "render/CVDeferredNodeInfo.h"
+#include "../core/CVRefCount.h"
+#include "../math/CVStructs.h"
+#include "../math/CVViewport.h"
+#include "../platform/CArray.h"
+#include "../platform/WinGL.h"
+#include "CVCache.h"
+#include "CVDeferredNodeInfo.h"
 
 class CVGLDevice;
 class CVLight;

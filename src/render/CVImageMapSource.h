@@ -1,5 +1,5 @@
 #pragma once
-#include "platform/CVExport.h"
+#include "../platform/CVExport.h"
 // What the image-map colour code (CVCacheManager::SetImageMapColor) reads of
 // a geometry. Geometry lies above the cache manager, so CVGeometry implements
 // this and the manager sees nothing else of it.

@@ -3,12 +3,12 @@
 // traversal reaches them and do not undo it; during picking they do nothing.
 // It sits with the render area, which keeps one light for drop shadows; the
 // concrete lights are property nodes.
-#include "platform/CVExport.h"
-#include "core/CVChild.h"
-#include "core/CVSFBool.h"
-#include "core/CVSFColor.h"
-#include "core/CVSFFloat.h"
-#include "math/CVStructs.h"
+#include "../platform/CVExport.h"
+#include "../core/CVChild.h"
+#include "../core/CVSFBool.h"
+#include "../core/CVSFColor.h"
+#include "../core/CVSFFloat.h"
+#include "../math/CVStructs.h"
 
 class CVSCENE_API CVLight : public CVChild {
     DECLARE_DYNAMIC(CVLight)

@@ -2,9 +2,9 @@
 // Device over a window DC (see CreateWindowDC). Chooses a window format,
 // double-buffered on request; GetPFD deliberately reports PFD_DRAW_TO_WINDOW
 // without the double-buffer bit, even for a double-buffered device.
-#include "platform/CVExport.h"
-#include "platform/WinUser.h"
-#include "render/CVGLDevice.h"
+#include "../platform/CVExport.h"
+#include "../platform/WinUser.h"
+#include "CVGLDevice.h"
 
 class CVSCENE_API CVWindowDevice : public CVGLDevice {
 public:

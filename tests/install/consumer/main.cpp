@@ -1,5 +1,5 @@
 // Built against an installed CVScene: the package, headers and library must be found.
-#include <cvscene.h>
+#include <cvscene/cvscene.h>
 
 int main() {
     auto* node = new CVChild;

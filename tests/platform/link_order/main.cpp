@@ -1,6 +1,6 @@
 // Off-screen rendering from a program that loads libGL ahead of the library,
 // as hosts using GLX or a toolkit do. Exits 0 when the frame lands in the DIB.
-#include "cvscene.h"
+#include <cvscene/cvscene.h>
 
 #include <GL/gl.h>
 #include <link.h>
